@@ -1,0 +1,127 @@
+#include "frame/core/services.h"
+#include "frame/core/state.h"
+#include "frame/navigator.h"
+#include "frame/qtsound.h"
+#include "frame/registry.h"
+#include "reading/registry.h"
+#include "scriptrunner.h"
+#include "useofenglish/registry.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QDir>
+#include <QFileInfo>
+#include <QTextStream>
+
+#include <cstdio>
+#include <memory>
+
+namespace {
+
+/// In a script, stdout carries JSON only and stderr only real failures: Qt's chatter is dropped.
+void quietMessages(QtMsgType type, const QMessageLogContext &, const QString &msg)
+{
+    if (type == QtCriticalMsg || type == QtFatalMsg)
+        std::fprintf(stderr, "%s\n", qPrintable(msg));
+}
+
+/// The data directory: --data-dir, else the built `data` directory beside the executable,
+/// else the executable's own directory.
+QString startDirectory(const QString &option)
+{
+    if (!option.isEmpty())
+        return QFileInfo(option).absoluteFilePath();
+    const QDir appDir(QCoreApplication::applicationDirPath());
+    if (appDir.exists(QStringLiteral("data")))
+        return appDir.filePath(QStringLiteral("data"));
+    return appDir.absolutePath();
+}
+
+bool argumentGiven(int argc, char **argv, const char *name)
+{
+    for (int i = 1; i < argc; ++i)
+        if (qstrcmp(argv[i], name) == 0)
+            return true;
+    return false;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    // A script runs without a window unless --show asks for one; the platform is chosen before
+    // the application object exists.
+    const bool scripted = argumentGiven(argc, argv, "--script");
+    if (scripted && !argumentGiven(argc, argv, "--show") && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (scripted && qEnvironmentVariableIsEmpty("STUDYDESK_DEBUG"))
+        qInstallMessageHandler(quietMessages);
+
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("studydesk"));
+    QApplication::setApplicationDisplayName(QStringLiteral("StudyDesk"));
+    QApplication::setApplicationVersion(QStringLiteral(STUDYDESK_VERSION));
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("StudyDesk: practice exercises and test papers for an upper-intermediate English exam."));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    const QCommandLineOption dataDir(QStringLiteral("data-dir"),
+                                     QStringLiteral("Read exercises from DIR instead of the bundled data."),
+                                     QStringLiteral("DIR"));
+    const QCommandLineOption script(QStringLiteral("script"),
+                                    QStringLiteral("Run the automation script FILE and print events as JSON lines."),
+                                    QStringLiteral("FILE"));
+    const QCommandLineOption show(QStringLiteral("show"), QStringLiteral("Show the window while a script runs."));
+    const QCommandLineOption printTo(QStringLiteral("print-to"),
+                                     QStringLiteral("Send every print job of this run to the PDF file FILE."),
+                                     QStringLiteral("FILE"));
+    parser.addOptions({dataDir, script, show, printTo});
+    parser.process(app);
+
+    const QString start = startDirectory(parser.value(dataDir));
+    if (!QFileInfo(start).isDir()) {
+        std::fprintf(stderr, "studydesk: %s is not a directory\n", qPrintable(start));
+        return 1;
+    }
+
+    QTextStream out(stdout);
+    std::unique_ptr<sd::SoundOutput> sound;
+    std::unique_ptr<sd::SeedSource> seeds;
+    auto *fakeTime = new sd::FakeSeedSource;
+    if (scripted) {
+        sound = std::make_unique<sd::ScriptSound>(out);
+        seeds.reset(fakeTime);
+    } else {
+        delete fakeTime;
+        fakeTime = nullptr;
+        sound = std::make_unique<sd::QtSound>();
+        seeds = std::make_unique<sd::SystemSeedSource>();
+    }
+
+    sd::ProgramState state(*sound, *seeds);
+    state.StartDir = start;
+    state.Clock.setAutomatic(!scripted);
+
+    sd::Navigator nav(state);
+    sd::registerFrameScreens(nav);
+    sd::registerReadingScreens(nav);
+    sd::registerUseOfEnglishScreens(nav);
+
+    std::unique_ptr<sd::ScriptRunner> runner;
+    if (scripted) {
+        runner = std::make_unique<sd::ScriptRunner>(state, nav, *fakeTime, out);
+        QString error;
+        if (!runner->loadFile(parser.value(script), &error)) {
+            std::fprintf(stderr, "studydesk: %s\n", qPrintable(error));
+            return 2;
+        }
+    }
+
+    nav.open(QStringLiteral("Introback"));
+    nav.open(QStringLiteral("Intro"));
+    if (runner)
+        runner->start();
+    return app.exec();
+}

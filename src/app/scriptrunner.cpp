@@ -1,0 +1,356 @@
+#include "scriptrunner.h"
+
+#include "frame/core/state.h"
+#include "frame/navigator.h"
+#include "ui/imagebutton.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QKeyEvent>
+#include <QKeySequence>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPlainTextEdit>
+#include <QTextEdit>
+#include <QTimer>
+
+namespace sd {
+
+namespace {
+using JsonFields = QList<QPair<QString, QJsonValue>>;
+
+QString fileNameOnly(const QString &path)
+{
+    return QFileInfo(path).fileName();
+}
+
+QString jsonValue(const QJsonValue &v);
+
+/// Writes an object with its keys in the given order (QJsonObject would sort them).
+QString jsonObject(const JsonFields &fields)
+{
+    QString s = QStringLiteral("{");
+    for (qsizetype i = 0; i < fields.size(); ++i) {
+        if (i)
+            s += u',';
+        s += jsonValue(fields[i].first) + u':' + jsonValue(fields[i].second);
+    }
+    return s + u'}';
+}
+
+QString jsonValue(const QJsonValue &v)
+{
+    if (v.isArray()) {
+        QString s = QStringLiteral("[");
+        const QJsonArray a = v.toArray();
+        for (qsizetype i = 0; i < a.size(); ++i) {
+            if (i)
+                s += u',';
+            const QJsonValue item = a.at(i);
+            // Nested ordered objects travel as pre-written strings tagged by a leading NUL.
+            if (item.isString() && item.toString().startsWith(QChar(0)))
+                s += item.toString().mid(1);
+            else
+                s += jsonValue(item);
+        }
+        return s + u']';
+    }
+    const QByteArray one = QJsonDocument(QJsonArray{v}).toJson(QJsonDocument::Compact);
+    return QString::fromUtf8(one.mid(1, one.size() - 2));
+}
+
+void printJson(QTextStream &out, const JsonFields &fields)
+{
+    out << jsonObject(fields) << '\n';
+    out.flush();
+}
+
+void sendMouse(QWidget *w, QEvent::Type type)
+{
+    const QPointF local(w->width() / 2.0, w->height() / 2.0);
+    QMouseEvent e(type, local, w->mapToGlobal(local), Qt::LeftButton,
+                  type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(w, &e);
+}
+
+void sendKey(QWidget *w, int key, const QString &text = {}, Qt::KeyboardModifiers mods = Qt::NoModifier)
+{
+    QKeyEvent press(QEvent::KeyPress, key, mods, text);
+    QApplication::sendEvent(w, &press);
+    QKeyEvent release(QEvent::KeyRelease, key, mods, text);
+    QApplication::sendEvent(w, &release);
+}
+
+QString colourOf(QWidget *w)
+{
+    const QPalette::ColorRole role =
+        qobject_cast<QLineEdit *>(w) || qobject_cast<QTextEdit *>(w) || qobject_cast<QPlainTextEdit *>(w)
+            ? QPalette::Text
+            : QPalette::WindowText;
+    return w->palette().color(role).name();
+}
+} // namespace
+
+void ScriptSound::play(const QString &path)
+{
+    printJson(m_out, {{QStringLiteral("event"), QStringLiteral("sound")}, {QStringLiteral("file"), fileNameOnly(path)}});
+}
+
+void ScriptSound::beep()
+{
+    printJson(m_out, {{QStringLiteral("event"), QStringLiteral("beep")}});
+}
+
+ScriptRunner::ScriptRunner(ProgramState &state, Navigator &nav, FakeSeedSource &time, QTextStream &out)
+    : m_state(state), m_nav(nav), m_time(time), m_out(out)
+{
+    connect(&nav, &Navigator::screenShown, this, [this](const QString &code) {
+        emitEvent({{QStringLiteral("event"), QStringLiteral("shown")}, {QStringLiteral("screen"), code}});
+    });
+    connect(&nav, &Navigator::screenClosed, this, [this](const QString &code) {
+        emitEvent({{QStringLiteral("event"), QStringLiteral("closed")}, {QStringLiteral("screen"), code}});
+    });
+}
+
+void ScriptRunner::emitEvent(const QList<QPair<QString, QJsonValue>> &fields)
+{
+    printJson(m_out, fields);
+}
+
+bool ScriptRunner::loadFile(const QString &path, QString *error)
+{
+    QFile f(path);
+    if (!f.open(QIODevice::ReadOnly | QIODevice::Text)) {
+        *error = QStringLiteral("cannot read script %1").arg(path);
+        return false;
+    }
+    m_lines = QString::fromUtf8(f.readAll()).split(u'\n');
+    return true;
+}
+
+void ScriptRunner::start()
+{
+    QTimer::singleShot(0, this, &ScriptRunner::next);
+}
+
+void ScriptRunner::settle()
+{
+    // Let every effect of the last line happen: posted events, deferred deletes, windows shown.
+    for (int i = 0; i < 3; ++i) {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCoreApplication::processEvents(QEventLoop::AllEvents);
+    }
+}
+
+void ScriptRunner::next()
+{
+    while (!m_done && m_lineNo < m_lines.size()) {
+        const QString line = m_lines.at(m_lineNo++).trimmed();
+        if (line.isEmpty() || line.startsWith(u'#'))
+            continue;
+        run(line);
+        settle();
+        if (!m_done)
+            QTimer::singleShot(0, this, &ScriptRunner::next);
+        return;
+    }
+    if (!m_done) {
+        m_done = true;
+        QCoreApplication::exit(0);
+    }
+}
+
+void ScriptRunner::fail(const QString &message)
+{
+    emitEvent({{QStringLiteral("event"), QStringLiteral("error")},
+               {QStringLiteral("message"), QStringLiteral("line %1: %2").arg(m_lineNo).arg(message)}});
+    m_done = true;
+    QCoreApplication::exit(2);
+}
+
+QWidget *ScriptRunner::control(const QString &name)
+{
+    ui::Screen *top = m_nav.topmost();
+    if (!top) {
+        fail(QStringLiteral("no screen is showing"));
+        return nullptr;
+    }
+    QWidget *w = top->objectName() == name ? top : top->findChild<QWidget *>(name);
+    if (!w)
+        fail(QStringLiteral("no control named %1 on %2").arg(name, top->objectName()));
+    return w;
+}
+
+QString ScriptRunner::parseText(const QString &rest, bool *ok)
+{
+    *ok = true;
+    if (!rest.startsWith(u'"'))
+        return rest;
+    QString out;
+    for (qsizetype i = 1; i < rest.size(); ++i) {
+        const QChar c = rest.at(i);
+        if (c == u'"')
+            return out;
+        if (c == u'\\' && i + 1 < rest.size()) {
+            const QChar e = rest.at(++i);
+            out += e == u'n' ? QChar(u'\n') : e;
+        } else {
+            out += c;
+        }
+    }
+    *ok = false; // no closing quote
+    return out;
+}
+
+void ScriptRunner::run(const QString &line)
+{
+    const qsizetype sp = line.indexOf(u' ');
+    const QString cmd = sp < 0 ? line : line.left(sp);
+    const QString args = sp < 0 ? QString() : line.mid(sp + 1);
+    const qsizetype sp2 = args.indexOf(u' ');
+    const QString name = sp2 < 0 ? args : args.left(sp2);
+    const QString rest = sp2 < 0 ? QString() : args.mid(sp2 + 1);
+
+    if (cmd == u"click") {
+        QWidget *w = control(name);
+        if (!w)
+            return;
+        if (!w->isVisible() || !w->isEnabled())
+            return fail(QStringLiteral("%1 cannot be clicked: it is %2").arg(name, w->isVisible() ? QStringLiteral("disabled") : QStringLiteral("hidden")));
+        if (auto *b = qobject_cast<QAbstractButton *>(w)) {
+            b->click();
+            return;
+        }
+        sendMouse(w, QEvent::MouseButtonPress);
+        sendMouse(w, QEvent::MouseButtonRelease);
+    } else if (cmd == u"hover") {
+        QWidget *w = control(name);
+        if (!w)
+            return;
+        QEnterEvent enter(QPointF(1, 1), w->mapToGlobal(QPointF(1, 1)), w->mapToGlobal(QPointF(1, 1)));
+        QApplication::sendEvent(w, &enter);
+        sendMouse(w, QEvent::MouseMove);
+    } else if (cmd == u"type") {
+        QWidget *w = control(name);
+        if (!w)
+            return;
+        bool ok = false;
+        const QString text = parseText(rest, &ok);
+        if (!ok)
+            return fail(QStringLiteral("unterminated quoted text"));
+        if (auto *e = qobject_cast<QLineEdit *>(w))
+            e->clear();
+        else if (auto *t = qobject_cast<QTextEdit *>(w))
+            t->clear();
+        else if (auto *p = qobject_cast<QPlainTextEdit *>(w))
+            p->clear();
+        else
+            return fail(QStringLiteral("%1 is not a text box").arg(name));
+        w->setFocus();
+        for (const QChar c : text) {
+            if (c == u'\n')
+                sendKey(w, Qt::Key_Return, QStringLiteral("\r"));
+            else
+                sendKey(w, int(c.toUpper().unicode()), QString(c)); // Qt key codes follow upper-case Latin-1
+        }
+    } else if (cmd == u"choose") {
+        auto *combo = qobject_cast<QComboBox *>(control(name));
+        if (m_done)
+            return;
+        if (!combo)
+            return fail(QStringLiteral("%1 is not a drop-down list").arg(name));
+        const int i = combo->findText(rest);
+        if (i < 0)
+            return fail(QStringLiteral("%1 has no entry %2").arg(name, rest));
+        combo->setCurrentIndex(i);
+        Q_EMIT combo->activated(i);
+        Q_EMIT combo->textActivated(combo->itemText(i));
+    } else if (cmd == u"key") {
+        QWidget *w = control(name);
+        if (!w)
+            return;
+        const QKeySequence seq = QKeySequence::fromString(rest);
+        if (seq.isEmpty())
+            return fail(QStringLiteral("unknown key %1").arg(rest));
+        w->setFocus();
+        sendKey(w, seq[0].key(), QString(), seq[0].keyboardModifiers());
+    } else if (cmd == u"tick") {
+        bool ok = false;
+        const int n = name.toInt(&ok);
+        if (!ok || n < 0)
+            return fail(QStringLiteral("tick needs a number"));
+        for (int i = 0; i < n && m_state.Clock.isRunning(); ++i)
+            m_state.Clock.tick();
+    } else if (cmd == u"wait") {
+        bool ok = false;
+        const qint64 ms = name.toLongLong(&ok);
+        if (!ok || ms < 0)
+            return fail(QStringLiteral("wait needs a number of milliseconds"));
+        m_time.advance(ms);
+        m_state.Clock.advance(ms);
+    } else if (cmd == u"dump") {
+        QJsonArray screens;
+        for (ui::Screen *s : m_nav.showing())
+            screens.append(QString(QString(QChar(0)) + describeScreen(s, s->isModalScreen())));
+        emitEvent({{QStringLiteral("event"), QStringLiteral("dump")}, {QStringLiteral("screens"), screens}});
+    } else if (cmd == u"quit") {
+        m_done = true;
+        QCoreApplication::exit(0);
+    } else {
+        fail(QStringLiteral("unknown command %1").arg(cmd));
+    }
+}
+
+QString ScriptRunner::describeScreen(QWidget *screen, bool modal)
+{
+    QJsonArray controls;
+    const auto children = screen->findChildren<QWidget *>();
+    for (QWidget *w : children) {
+        const QString name = w->objectName();
+        if (name.isEmpty() || name.startsWith(u"qt_"))
+            continue;
+        QString text;
+        JsonFields extra;
+        if (auto *l = qobject_cast<QLabel *>(w))
+            text = l->text();
+        else if (auto *e = qobject_cast<QLineEdit *>(w))
+            text = e->text();
+        else if (auto *t = qobject_cast<QTextEdit *>(w))
+            text = t->toPlainText();
+        else if (auto *p = qobject_cast<QPlainTextEdit *>(w))
+            text = p->toPlainText();
+        else if (auto *combo = qobject_cast<QComboBox *>(w)) {
+            text = combo->currentText();
+            QJsonArray items;
+            for (int i = 0; i < combo->count(); ++i)
+                items.append(combo->itemText(i));
+            extra.append({QStringLiteral("items"), items});
+        } else if (auto *b = qobject_cast<QAbstractButton *>(w)) {
+            text = b->text();
+            if (b->isCheckable())
+                extra.append({QStringLiteral("checked"), b->isChecked()});
+        }
+        JsonFields c{{QStringLiteral("name"), name},
+                     {QStringLiteral("class"), QString::fromLatin1(w->metaObject()->className())},
+                     {QStringLiteral("text"), text}};
+        c.append(extra);
+        c.append({{QStringLiteral("visible"), w->isVisibleTo(screen)},
+                  {QStringLiteral("enabled"), w->isEnabled()},
+                  {QStringLiteral("color"), colourOf(w)},
+                  {QStringLiteral("bold"), w->font().bold()}});
+        controls.append(QString(QString(QChar(0)) + jsonObject(c)));
+    }
+    return jsonObject({{QStringLiteral("name"), screen->objectName()},
+                       {QStringLiteral("modal"), modal},
+                       {QStringLiteral("controls"), controls}});
+}
+
+} // namespace sd

@@ -1,0 +1,255 @@
+#include "datafiles.h"
+
+#include "state.h"
+
+#include <QStringDecoder>
+#include <QStringEncoder>
+
+#include <cmath>
+
+namespace sd {
+
+namespace {
+
+const std::array<DataFileInfo, DataFileCount> &fileTable()
+{
+    static const std::array<DataFileInfo, DataFileCount> table{{
+        {DataFile::Rche, "pracrche.dat", layoutInfo('A', layout::A)},
+        {DataFile::Rcmc, "pracrcmc.dat", layoutInfo('A', layout::A)},
+        {DataFile::Rcre, "pracrcre.dat", layoutInfo('A', layout::A)},
+        {DataFile::Rcma, "pracrcma.dat", layoutInfo('B', layout::B)},
+        {DataFile::Comp, "praccomp.dat", layoutInfo('C', layout::C)},
+        {DataFile::Ueca, "pracueca.dat", layoutInfo('D', layout::D)},
+        {DataFile::Uecb, "pracuecb.dat", layoutInfo('D', layout::D)},
+        {DataFile::Uesc, "pracuesc.dat", layoutInfo('E', layout::E)},
+        {DataFile::Ueec, "pracueec.dat", layoutInfo('F', layout::F)},
+        {DataFile::Uewb, "pracuewb.dat", layoutInfo('G', layout::G)},
+        {DataFile::ExamUewb, "examuewb.dat", layoutInfo('H', layout::H)},
+    }};
+    return table;
+}
+
+} // namespace
+
+const DataFileInfo &dataFileInfo(DataFile f)
+{
+    return fileTable()[std::size_t(f)];
+}
+
+bool dataFileForKind(int kind, bool practiceMode, bool testMode, DataFile *out)
+{
+    static constexpr DataFile byKind[] = {DataFile::Rche, DataFile::Rcmc, DataFile::Rcre, DataFile::Rcma,
+                                          DataFile::Comp, DataFile::Ueca, DataFile::Uecb, DataFile::Uesc,
+                                          DataFile::Ueec};
+    if (kind >= 1 && kind <= 9) {
+        *out = byKind[kind - 1];
+        return true;
+    }
+    if (kind == 10 && practiceMode) {
+        *out = DataFile::Uewb;
+        return true;
+    }
+    if (kind == 10 && testMode) {
+        *out = DataFile::ExamUewb;
+        return true;
+    }
+    return false;
+}
+
+QString decodeSingleByte(QByteArrayView bytes)
+{
+    QStringDecoder decoder("windows-1252");
+    if (!decoder.isValid()) // no ICU: Latin-1 is the nearest code page
+        return QString::fromLatin1(bytes);
+    return decoder.decode(bytes);
+}
+
+QByteArray encodeSingleByte(QStringView text, bool *ok)
+{
+    QStringEncoder encoder("windows-1252", QStringConverter::Flag::Stateless);
+    QByteArray out = encoder.isValid() ? QByteArray(encoder.encode(text)) : text.toLatin1();
+    if (ok) {
+        // A character outside the code page comes back as '?' or fails the encoder.
+        *ok = !encoder.hasError() && decodeSingleByte(out) == text;
+    }
+    return out;
+}
+
+QString trimBlanks(const QString &s)
+{
+    qsizetype b = 0, e = s.size();
+    while (b < e && s.at(b) == u' ')
+        ++b;
+    while (e > b && s.at(e - 1) == u' ')
+        --e;
+    return s.mid(b, e - b);
+}
+
+QStringList RecordReader::read(QFile &handle, int n)
+{
+    const LayoutInfo &lay = dataFileInfo(m_file).layout;
+    if (!handle.isOpen())
+        throw ProgramError(QStringLiteral("Bad file name or number"));
+    if (n < 1)
+        throw RangeError(QStringLiteral("Bad record number %1").arg(n));
+    m_buffer.fill(' ', lay.length);
+    if (handle.seek(qint64(n - 1) * lay.length)) {
+        const QByteArray bytes = handle.read(lay.length);
+        // A partial last record reads as whatever bytes are there; the rest stays blank.
+        std::copy(bytes.begin(), bytes.end(), m_buffer.begin());
+    }
+    QStringList fields;
+    fields.reserve(lay.fieldCount);
+    int pos = 0;
+    for (int i = 0; i < lay.fieldCount; ++i) {
+        const int w = lay.fields[i].width;
+        fields.append(trimBlanks(decodeSingleByte(QByteArrayView(m_buffer).sliced(pos, w))));
+        pos += w;
+    }
+    return fields;
+}
+
+QByteArray encodeRecord(const LayoutInfo &layout, const QStringList &fields, QString *error)
+{
+    QByteArray out;
+    out.reserve(layout.length);
+    for (int i = 0; i < layout.fieldCount; ++i) {
+        const QString text = fields.value(i);
+        const QString name = QString::fromLatin1(layout.fields[i].name.data(), qsizetype(layout.fields[i].name.size()));
+        bool ok = true;
+        QByteArray bytes = encodeSingleByte(text, &ok);
+        if (!ok) {
+            if (error)
+                *error = QStringLiteral("%1: text outside the Windows-1252 code page").arg(name);
+            return {};
+        }
+        if (bytes.size() > layout.fields[i].width) {
+            if (error)
+                *error = QStringLiteral("%1: %2 characters, more than the field's %3")
+                             .arg(name).arg(bytes.size()).arg(layout.fields[i].width);
+            return {};
+        }
+        out += bytes;
+        out += QByteArray(layout.fields[i].width - bytes.size(), ' ');
+    }
+    return out;
+}
+
+DataFiles::DataFiles()
+    : m_readers{RecordReader(DataFile::Rche), RecordReader(DataFile::Rcmc), RecordReader(DataFile::Rcre),
+                RecordReader(DataFile::Rcma), RecordReader(DataFile::Comp), RecordReader(DataFile::Ueca),
+                RecordReader(DataFile::Uecb), RecordReader(DataFile::Uesc), RecordReader(DataFile::Ueec),
+                RecordReader(DataFile::Uewb), RecordReader(DataFile::ExamUewb)}
+{}
+
+void SelectDataFile(ProgramState &s, int kind)
+{
+    DataFile f;
+    if (!dataFileForKind(kind, s.PracticeMode, s.TestMode, &f))
+        return; // the previous file and record length stay in force
+    const DataFileInfo &info = dataFileInfo(f);
+    s.DataFileName = QString::fromLatin1(info.fileName);
+    s.RecordLength = info.layout.length;
+}
+
+namespace {
+void openOnHandle(ProgramState &s, const QString &path)
+{
+    QFile &h = s.Files.handle();
+    h.close();
+    h.setFileName(path);
+    if (!h.open(QIODevice::ReadOnly))
+        throw ProgramError(QStringLiteral("No file"));
+}
+} // namespace
+
+void OpenDataFile(ProgramState &s)
+{
+    if (s.DataFileName.isEmpty())
+        return;
+    openOnHandle(s, s.DataDir + s.DataFileName);
+}
+
+void OpenNamedDataFile(ProgramState &s, QString &name)
+{
+    if (name.isEmpty())
+        return;
+    name = s.DataDir + name;
+    openOnHandle(s, name);
+}
+
+void CloseDataFile(ProgramState &s)
+{
+    s.Files.handle().close();
+}
+
+void CountRecords(ProgramState &s, CountFor which)
+{
+    QFile &h = s.Files.handle();
+    if (!h.isOpen())
+        throw ProgramError(QStringLiteral("Bad file name or number"));
+    if (s.RecordLength <= 0)
+        throw ProgramError(QStringLiteral("Division by zero"));
+    // Halves go to the even number, as the original division did.
+    const double quotient = double(h.size()) / double(s.RecordLength.value());
+    const double rounded = std::nearbyint(quotient); // default rounding mode: to nearest, ties to even
+    if (rounded > 32767.0)
+        throw OverflowError(QStringLiteral("Overflow: %1 records").arg(rounded));
+    s.RecordCount = qint64(rounded);
+    switch (which) {
+    case CountFor::Search: s.SearchRecordCount = s.RecordCount; break;
+    case CountFor::Conversion: s.ConversionRecordCount = s.RecordCount; break;
+    case CountFor::WordFormation: s.WordFormationRecordCount = s.RecordCount; break;
+    }
+}
+
+QStringList ReadRecord(ProgramState &s, DataFile f, int n)
+{
+    return s.Files.reader(f).read(s.Files.handle(), n);
+}
+
+QString ReadRecordCode(ProgramState &s, int n)
+{
+    const int kind = s.ExerciseKind;
+    DataFile f;
+    const bool covered = (kind >= 1 && kind <= 4) || kind == 6 || kind == 7 || kind == 9
+                         || (kind == 10 && s.TestMode && !s.PracticeMode);
+    if (!covered || !dataFileForKind(kind, s.PracticeMode, s.TestMode, &f))
+        return QString();
+    return ReadRecord(s, f, n).value(0);
+}
+
+SearchResult FindPracticeRecord(ProgramState &s)
+{
+    s.CurrentRecord = 0;
+    s.ExerciseKey = s.LevelCode + s.ExerciseCode;
+    OpenDataFile(s);
+    CountRecords(s, CountFor::Search);
+    for (;;) {
+        ++s.CurrentRecord;
+        if (s.CurrentRecord >= s.SearchRecordCount + 1)
+            return SearchResult::NotFound;
+        if (ReadRecordCode(s, s.CurrentRecord) == s.ExerciseKey)
+            return SearchResult::Found;
+    }
+}
+
+SearchResult FindTestRecord(ProgramState &s)
+{
+    s.CurrentRecord = 0;
+    s.ExerciseKey = QStringLiteral("x") + s.LevelCode;
+    OpenDataFile(s);
+    CountRecords(s, CountFor::Search);
+    if (s.SearchRecordCount <= 0)
+        return SearchResult::NotFound; // nothing to examine
+    for (;;) {
+        ++s.CurrentRecord;
+        if (ReadRecordCode(s, s.CurrentRecord) == s.ExerciseKey)
+            return SearchResult::Found;
+        // Gives up on the last record itself, once compared.
+        if (s.CurrentRecord == s.SearchRecordCount)
+            return SearchResult::NotFound;
+    }
+}
+
+} // namespace sd

@@ -1,0 +1,231 @@
+#include "menus.h"
+
+#include "core/services.h"
+#include "core/state.h"
+
+namespace sd {
+
+namespace {
+QLabel *title(ui::Screen *s, const QString &name, const QString &text, QRect r, qreal pt = 20)
+{
+    return s->addLabel(name, text, r, pt, true, Qt::AlignCenter);
+}
+} // namespace
+
+Introback::Introback(ProgramState &s, Navigator &nav) : AppScreen(QStringLiteral("Introback"), s, nav)
+{
+    setBackgroundPicture(QStringLiteral("background"));
+    addPicture(QStringLiteral("logo"), QStringLiteral("logo"), QRect(32, 24, 96, 96));
+    addLabel(QStringLiteral("lblTitle"), QStringLiteral("StudyDesk"), QRect(140, 40, 500, 60), 30, true);
+}
+
+Intro::Intro(ProgramState &s, Navigator &nav) : AppScreen(QStringLiteral("Intro"), s, nav)
+{
+    setBackgroundPicture(QStringLiteral("background"));
+    // Filled once, here, and never reset: the start directory, the name tables, the help topic.
+    auto *file1 = new QLabel(this);
+    file1->setObjectName(QStringLiteral("File1"));
+    file1->setText(s.StartDir);
+    file1->hide();
+    s.setDataDir(s.StartDir);
+    QLabel *ruta = addLabel(QStringLiteral("lblRuta"), s.DataDir, QRect(20, 740, 900, 20), 8);
+    ruta->hide();
+    s.HelpTopic = QStringLiteral("helpgen");
+    s.fillNameTables();
+
+    addPicture(QStringLiteral("logo"), QStringLiteral("logo"), QRect(432, 60, 160, 160));
+    title(this, QStringLiteral("lblTitle"), QStringLiteral("StudyDesk"), QRect(212, 230, 600, 60), 34);
+    addLabel(QStringLiteral("lblSubtitle"), QStringLiteral("Reading  \u00B7  Writing  \u00B7  Use of English"),
+             QRect(212, 290, 600, 30), 14, false, Qt::AlignCenter);
+
+    const Qt::Alignment c = Qt::AlignCenter;
+    ui::MenuLabel *prog = addMenuLabel(QStringLiteral("lblAboutprog"), QStringLiteral("about the program"),
+                                       QRect(362, 370, 300, 44), 18, c);
+    ui::MenuLabel *about = addMenuLabel(QStringLiteral("lblAbout"), QStringLiteral("about the exam"),
+                                        QRect(362, 430, 300, 44), 18, c);
+    ui::MenuLabel *prac = addMenuLabel(QStringLiteral("lblPrac"), QStringLiteral("practice exercises"),
+                                       QRect(362, 490, 300, 44), 18, c);
+    ui::MenuLabel *test = addMenuLabel(QStringLiteral("lblTest"), QStringLiteral("test papers"),
+                                       QRect(362, 550, 300, 44), 18, c);
+
+    onClick(about, [this] { openHelp(QStringLiteral("helpgen")); });
+    onClick(prog, [this] { openHelp(QStringLiteral("helpprog")); });
+    onClick(prac, [this] {
+        state.PracticeMode = true;
+        state.ActivityIndex = 1;
+        state.TestMode = false;
+        goOn(QStringLiteral("Practype"));
+    });
+    onClick(test, [this] {
+        state.PracticeMode = false;
+        state.TestMode = true;
+        state.ActivityIndex = 2;
+        goOn(QStringLiteral("Examtype"));
+    });
+}
+
+void Intro::goOn(const QString &next)
+{
+    if (!nav().isRegistered(next)) {
+        showNotAvailable(nav(), state, QStringLiteral("The test papers"));
+        return;
+    }
+    nav().open(next);
+}
+
+const char *Practype::kindLabel(int kind)
+{
+    static const char *labels[] = {"lblrche", "lblrcmc", "lblrcre", "lblrcma", "lblComp",
+                                   "lblueca", "lbluecb", "lbluesc", "lblueec", "lbluewb"};
+    return labels[kind - 1];
+}
+
+Practype::Practype(ProgramState &s, Navigator &nav) : AppScreen(QStringLiteral("Practype"), s, nav)
+{
+    setBackgroundPicture(QStringLiteral("background"));
+    title(this, QStringLiteral("lblSelect"), QStringLiteral("CHOOSE THE TYPE OF EXERCISE"), QRect(112, 30, 800, 50), 22);
+    addLabel(QStringLiteral("lblPaper1"), QStringLiteral("P a p e r   1  ( R e a d i n g )"), QRect(100, 110, 400, 36), 14,
+             true);
+    addLabel(QStringLiteral("lblPaper2"), QStringLiteral("P a p e r   2"), QRect(100, 390, 400, 36), 14, true);
+    addLabel(QStringLiteral("lblPaper3"), QStringLiteral("P a p e r   3  ( U s e  o f  E n g l i s h )"),
+             QRect(540, 110, 440, 36), 14, true);
+    const QRect reading(130, 160, 340, 40), uoe(570, 160, 340, 40);
+    for (int k = 1; k <= 10; ++k) {
+        QRect r;
+        if (k <= 4)
+            r = reading.translated(0, (k - 1) * 52);
+        else if (k == 5)
+            r = QRect(130, 440, 340, 40);
+        else
+            r = uoe.translated(0, (k - 6) * 52);
+        ui::MenuLabel *l = addMenuLabel(QString::fromLatin1(kindLabel(k)), s.KindNames[k], r, 16);
+        onClick(l, [this, k] { choose(k); });
+    }
+    ui::ImageButton *back = addButton(QStringLiteral("Back"), QStringLiteral("back"), QRect(486, 650, 52, 52),
+                                      QStringLiteral("lblBack"), QStringLiteral("Back"));
+    onClick(back, [this] { closeScreen(); });
+}
+
+void Practype::choose(int kind)
+{
+    state.ExerciseKind = kind;
+    if (kind == 5) {
+        state.PaperIndex = 2;
+        state.DataDir = state.WritingDir;
+    } else if (kind < 5) {
+        state.PaperIndex = 1;
+        state.DataDir = state.ReadingDir;
+    } else {
+        state.PaperIndex = 3;
+        state.DataDir = state.UseOfEnglishDir;
+    }
+    SelectDataFile(state, kind);
+    QString next = QStringLiteral("Pracchoice");
+    if (kind == 8)
+        next = QStringLiteral("uescchoice");
+    else if (kind == 10)
+        next = QStringLiteral("uewbchoice");
+    else if (kind == 5)
+        next = QStringLiteral("compoption");
+    if (!nav().isRegistered(next)) {
+        showNotAvailable(nav(), state, state.KindNames[kind] + QStringLiteral(" exercises"));
+        return;
+    }
+    nav().open(next);
+}
+
+QString Pracchoice::exerciseScreen(int kind)
+{
+    static const char *codes[] = {"rche", "rcmc", "rcre", "rcma", "compoption",
+                                  "ueca", "uecb", "uesc", "ueec", "uewb"};
+    return kind >= 1 && kind <= 10 ? QString::fromLatin1(codes[kind - 1]) : QString();
+}
+
+Pracchoice::Pracchoice(ProgramState &s, Navigator &nav) : AppScreen(QStringLiteral("Pracchoice"), s, nav)
+{
+    setBackgroundPicture(QStringLiteral("background"));
+    addHeadingPlate(1, s.ActivityHeadings[s.ActivityIndex].toUpper(), QRect(84, 20, 272, 42));
+    addHeadingPlate(2, s.PaperHeadings[s.PaperIndex].toUpper(), QRect(376, 20, 272, 42));
+    addHeadingPlate(3, s.KindNames[s.ExerciseKind].toUpper(), QRect(668, 20, 272, 42));
+    title(this, QStringLiteral("lblSelect1"), QStringLiteral("SELECT LEVEL AND EXERCISE"), QRect(112, 90, 800, 50), 22);
+
+    for (int level = 1; level <= 3; ++level) {
+        ui::MenuLabel *l = addMenuLabel(QStringLiteral("lblLevel%1").arg(level), QStringLiteral(" LEVEL  %1").arg(level),
+                                        QRect(150, 190 + (level - 1) * 70, 260, 50), 20);
+        onClick(l, [this, level] { chooseLevel(level); });
+        m_levels.append(l);
+    }
+    for (int n = 1; n <= 10; ++n) {
+        const QRect r(520 + ((n - 1) / 5) * 220, 180 + ((n - 1) % 5) * 60, 200, 44);
+        ui::MenuLabel *l = addMenuLabel(QStringLiteral("lblEx%1").arg(n), QStringLiteral(" Exercise %1").arg(n), r, 16);
+        onClick(l, [this, n] { chooseExercise(n); });
+    }
+    ui::ImageButton *back = addButton(QStringLiteral("Back"), QStringLiteral("back"), QRect(486, 650, 52, 52),
+                                      QStringLiteral("lblBack"), QStringLiteral("Back"));
+    onClick(back, [this] { closeScreen(); });
+
+    // The last level chosen is shown again; anything else starts at level 1.
+    static const QStringList kept{QStringLiteral("2"), QStringLiteral("3"), QStringLiteral("4"), QStringLiteral("5")};
+    if (!kept.contains(s.LevelCode))
+        s.LevelCode = QStringLiteral("1");
+    s.CurrentRecord = 0;
+    m_code = addLabel(QStringLiteral("lblCode"), s.ExerciseCode, QRect(20, 740, 100, 20), 8);
+    m_code->hide();
+    s.HoverIndex = 0;
+    showChosenLevel();
+}
+
+void Pracchoice::showChosenLevel()
+{
+    for (int i = 0; i < m_levels.size(); ++i)
+        m_levels[i]->setChosen(state.LevelCode == QString::number(i + 1));
+}
+
+void Pracchoice::chooseLevel(int level)
+{
+    state.LevelCode = QString::number(level);
+    state.ExerciseCode = QStringLiteral("0");
+    m_code->setText(state.ExerciseCode);
+    showChosenLevel();
+}
+
+void Pracchoice::chooseExercise(int n)
+{
+    state.ExerciseCode = QStringLiteral("%1").arg(n, 2, 10, QLatin1Char('0'));
+    m_code->setText(state.ExerciseCode);
+    const QString next = exerciseScreen(state.ExerciseKind);
+    try {
+        if (FindPracticeRecord(state) == SearchResult::NotFound) {
+            nav().showError(QStringLiteral("Not found"));
+            return;
+        }
+    } catch (const ProgramError &) {
+        // The kind's data file is missing or cannot be read.
+        nav().showError(QStringLiteral("No file"));
+        return;
+    }
+    if (!nav().isRegistered(next)) {
+        CloseDataFile(state);
+        showNotAvailable(nav(), state, state.KindNames[state.ExerciseKind] + QStringLiteral(" exercises"));
+        return;
+    }
+    nav().open(next);
+}
+
+ErrorScreen::ErrorScreen(ProgramState &s, Navigator &nav) : AppScreen(QStringLiteral("Error"), s, nav)
+{
+    setDesignSize(QSize(460, 240));
+    setWindowTitle(QStringLiteral("StudyDesk"));
+    s.Sound.beep();
+    addLabel(QStringLiteral("Label1"), s.ErrorText, QRect(20, 20, 420, 120), 14, true, Qt::AlignCenter);
+    ui::ImageButton *cont = addButton(QStringLiteral("Continue"), QStringLiteral("continue"), QRect(204, 146, 52, 52),
+                                      QStringLiteral("lblContinue"), QStringLiteral("Continue"));
+    onClick(cont, [this] { closeScreen(); });
+}
+
+void showNotAvailable(Navigator &nav, ProgramState &, const QString &what)
+{
+    nav.showError(what + QStringLiteral(" are not available in this version yet."));
+}
+
+} // namespace sd

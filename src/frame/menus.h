@@ -1,0 +1,70 @@
+#pragma once
+
+#include "appscreen.h"
+
+#include <QLabel>
+
+namespace sd {
+
+/// Background screen over which the start screen and the menus open.
+class Introback : public AppScreen
+{
+    Q_OBJECT
+public:
+    Introback(ProgramState &state, Navigator &nav);
+};
+
+/// Start screen: fills the shared state once and offers the four ways in.
+class Intro : public AppScreen
+{
+    Q_OBJECT
+public:
+    Intro(ProgramState &state, Navigator &nav);
+
+private:
+    void goOn(const QString &next);
+};
+
+/// Choose the type of exercise: three papers, ten kinds.
+class Practype : public AppScreen
+{
+    Q_OBJECT
+public:
+    Practype(ProgramState &state, Navigator &nav);
+    /// The label of each kind, in kind order.
+    static const char *kindLabel(int kind);
+
+private:
+    void choose(int kind);
+};
+
+/// Choose level and exercise; finds the exercise's record and opens its screen.
+class Pracchoice : public AppScreen
+{
+    Q_OBJECT
+public:
+    Pracchoice(ProgramState &state, Navigator &nav);
+    /// Screen code of each kind's exercise screen.
+    static QString exerciseScreen(int kind);
+
+private:
+    void chooseLevel(int level);
+    void chooseExercise(int n);
+    void showChosenLevel();
+
+    QList<ui::MenuLabel *> m_levels;
+    QLabel *m_code = nullptr;
+};
+
+/// Message screen: beeps, shows ErrorText and closes on "Continue".
+class ErrorScreen : public AppScreen
+{
+    Q_OBJECT
+public:
+    ErrorScreen(ProgramState &state, Navigator &nav);
+};
+
+/// Shows a plain message when a part of the program is not available in this version.
+void showNotAvailable(Navigator &nav, ProgramState &state, const QString &what);
+
+} // namespace sd

@@ -1,0 +1,146 @@
+#include "navigator.h"
+
+#include "core/services.h"
+#include "core/state.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+
+namespace sd {
+
+Navigator::Navigator(ProgramState &state) : m_state(state), m_host(new QWidget)
+{
+    m_host->setObjectName(QStringLiteral("StudyDesk"));
+    m_host->setWindowTitle(QStringLiteral("StudyDesk"));
+    m_host->setMinimumSize(800, 600);
+    m_host->resize(1024, 768);
+    m_pages = new QStackedLayout(m_host);
+    m_pages->setContentsMargins(0, 0, 0, 0);
+}
+
+Navigator::~Navigator()
+{
+    for (const auto &m : std::as_const(m_modals))
+        delete m.data();
+    delete m_host;
+}
+
+void Navigator::registerScreen(const QString &code, Factory factory)
+{
+    m_factories.insert(code, std::move(factory));
+}
+
+ui::Screen *Navigator::create(const QString &code)
+{
+    auto it = m_factories.constFind(code);
+    if (it == m_factories.constEnd())
+        return nullptr;
+    return (*it)(m_state, *this);
+}
+
+ui::Screen *Navigator::open(const QString &code)
+{
+    ui::Screen *s = create(code);
+    if (!s)
+        return nullptr;
+    m_pages->addWidget(s);
+    m_pageStack.append(s);
+    m_pages->setCurrentWidget(s);
+    if (!m_host->isVisible())
+        m_host->show();
+    connect(s, &QObject::destroyed, this, [this, s] { forget(s); });
+    Q_EMIT screenShown(code);
+    return s;
+}
+
+ui::Screen *Navigator::openModal(const QString &code, std::function<void()> onClosed)
+{
+    ui::Screen *s = create(code);
+    if (!s)
+        return nullptr;
+    s->setModalScreen(true);
+    s->setParent(m_host, Qt::Dialog);
+    s->setWindowModality(Qt::ApplicationModal);
+    s->setAttribute(Qt::WA_DeleteOnClose);
+    const QSize size = s->designSize();
+    s->resize(size);
+    s->move(m_host->geometry().center() - QPoint(size.width() / 2, size.height() / 2));
+    m_modals.append(s);
+    if (onClosed)
+        m_onClosed.insert(s, std::move(onClosed));
+    // Closing the window by its frame counts as closing the screen.
+    connect(s, &ui::Screen::closed, this, [this, s] { close(s); });
+    connect(s, &QObject::destroyed, this, [this, s] { forget(s); });
+    s->show();
+    s->raise();
+    s->activateWindow();
+    Q_EMIT screenShown(code);
+    return s;
+}
+
+void Navigator::showError(const QString &text)
+{
+    m_state.ErrorText = text;
+    openModal(QStringLiteral("Error"));
+}
+
+void Navigator::close(ui::Screen *screen)
+{
+    if (!screen || screen->property("sdClosing").toBool())
+        return;
+    screen->setProperty("sdClosing", true);
+    const QString code = screen->code();
+    std::function<void()> after = m_onClosed.take(screen);
+    if (m_modals.contains(screen)) {
+        m_modals.removeAll(screen);
+        screen->hide();
+        screen->deleteLater();
+    } else {
+        m_pageStack.removeAll(screen);
+        m_pages->removeWidget(screen);
+        screen->hide();
+        screen->deleteLater();
+        if (!m_pageStack.isEmpty() && m_pageStack.last())
+            m_pages->setCurrentWidget(m_pageStack.last());
+    }
+    Q_EMIT screenClosed(code);
+    if (after)
+        after();
+}
+
+void Navigator::forget(ui::Screen *screen)
+{
+    m_pageStack.removeAll(screen);
+    m_modals.removeAll(screen);
+    m_onClosed.remove(screen);
+}
+
+QList<ui::Screen *> Navigator::showing() const
+{
+    QList<ui::Screen *> out;
+    if (!m_pageStack.isEmpty() && m_pageStack.last())
+        out.append(m_pageStack.last());
+    for (const auto &m : m_modals)
+        if (m && !m->property("sdClosing").toBool())
+            out.append(m);
+    return out;
+}
+
+ui::Screen *Navigator::topmost() const
+{
+    const auto all = showing();
+    return all.isEmpty() ? nullptr : all.last();
+}
+
+ui::Screen *Navigator::find(const QString &code) const
+{
+    for (auto it = m_modals.crbegin(); it != m_modals.crend(); ++it)
+        if (*it && (*it)->code() == code)
+            return *it;
+    for (auto it = m_pageStack.crbegin(); it != m_pageStack.crend(); ++it)
+        if (*it && (*it)->code() == code)
+            return *it;
+    return nullptr;
+}
+
+} // namespace sd

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "ui/screen.h"
+
+#include <QHash>
+#include <QObject>
+#include <QPointer>
+#include <QStackedLayout>
+
+#include <functional>
+
+namespace sd {
+
+struct ProgramState;
+class Navigator;
+
+/// Moves between screens. Screens are pages stacked in the main window (the top one shows) or
+/// modal windows over it. Every screen of the program is registered here by its code, so the
+/// menus can open screens of subsystems above them without knowing their classes.
+class Navigator : public QObject
+{
+    Q_OBJECT
+
+public:
+    using Factory = std::function<ui::Screen *(ProgramState &, Navigator &)>;
+
+    explicit Navigator(ProgramState &state);
+    ~Navigator() override;
+
+    /// The main window the pages live in.
+    QWidget *host() const { return m_host; }
+
+    void registerScreen(const QString &code, Factory factory);
+    bool isRegistered(const QString &code) const { return m_factories.contains(code); }
+
+    /// Creates the screen and shows it on top of the current page.
+    ui::Screen *open(const QString &code);
+    /// Creates the screen as a modal window; onClosed runs after it has closed.
+    ui::Screen *openModal(const QString &code, std::function<void()> onClosed = {});
+    /// Beeps and shows the error screen with the text.
+    void showError(const QString &text);
+    /// Closes a page or modal screen; the page below it shows again.
+    void close(ui::Screen *screen);
+
+    /// Screens the student can see, bottom to top (the top page, then modal windows).
+    QList<ui::Screen *> showing() const;
+    ui::Screen *topmost() const;
+    /// The most recent screen of that code, showing or not.
+    ui::Screen *find(const QString &code) const;
+
+Q_SIGNALS:
+    void screenShown(const QString &code);
+    void screenClosed(const QString &code);
+
+private:
+    ui::Screen *create(const QString &code);
+    void forget(ui::Screen *screen);
+
+    ProgramState &m_state;
+    QHash<QString, Factory> m_factories;
+    QWidget *m_host;
+    QStackedLayout *m_pages;
+    QList<QPointer<ui::Screen>> m_pageStack;
+    QList<QPointer<ui::Screen>> m_modals;
+    QHash<ui::Screen *, std::function<void()>> m_onClosed;
+};
+
+} // namespace sd

@@ -1,0 +1,7 @@
+#pragma once
+
+namespace sd {
+class Navigator;
+/// Registers the frame's own screens (start, menus, error, help).
+void registerFrameScreens(Navigator &nav);
+} // namespace sd

@@ -1,0 +1,219 @@
+#include "imagebutton.h"
+
+#include "pictures.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+namespace sd::ui {
+
+namespace {
+void setTextColour(QLabel *label, const QColor &c)
+{
+    QPalette pal = label->palette();
+    pal.setColor(QPalette::WindowText, c);
+    label->setPalette(pal);
+}
+} // namespace
+
+ImageButton::ImageButton(const QString &icon, QWidget *parent) : QLabel(parent), m_icon(icon)
+{
+    setAlignment(Qt::AlignCenter);
+    setCursor(Qt::PointingHandCursor);
+    setFocusPolicy(Qt::TabFocus);
+    setAttribute(Qt::WA_Hover);
+    refresh();
+}
+
+void ImageButton::setCaption(QLabel *caption)
+{
+    if (m_caption)
+        m_caption->removeEventFilter(this);
+    m_caption = caption;
+    if (m_caption) {
+        m_caption->installEventFilter(this);
+        m_caption->setCursor(Qt::PointingHandCursor);
+        m_caption->setAttribute(Qt::WA_Hover);
+    }
+    resetLook();
+}
+
+bool ImageButton::eventFilter(QObject *watched, QEvent *e)
+{
+    if (watched == m_caption && isEnabled() && isVisible()) {
+        switch (e->type()) {
+        case QEvent::Enter: showLit(); break;
+        case QEvent::Leave: resetLook(); break;
+        case QEvent::MouseButtonPress:
+            if (static_cast<QMouseEvent *>(e)->button() == Qt::LeftButton)
+                setLook(Look::Pressed);
+            return true;
+        case QEvent::MouseButtonRelease:
+            if (static_cast<QMouseEvent *>(e)->button() == Qt::LeftButton
+                && m_caption->rect().contains(static_cast<QMouseEvent *>(e)->position().toPoint())) {
+                setLook(Look::Lit);
+                Q_EMIT clicked();
+            }
+            return true;
+        default: break;
+        }
+    }
+    return QLabel::eventFilter(watched, e);
+}
+
+void ImageButton::resetLook()
+{
+    setLook(Look::Normal);
+}
+
+void ImageButton::showLit()
+{
+    if (m_lightable)
+        setLook(Look::Lit);
+}
+
+void ImageButton::click()
+{
+    if (!isEnabled() || !isVisible())
+        return;
+    setLook(Look::Pressed);
+    setLook(Look::Lit);
+    Q_EMIT clicked();
+}
+
+void ImageButton::setLook(Look look)
+{
+    m_look = look;
+    if (m_caption)
+        setTextColour(m_caption, look == Look::Normal ? captionColour() : highlightColour());
+    refresh();
+}
+
+void ImageButton::refresh()
+{
+    const QSize sz = size().isEmpty() ? QSize(48, 48) : size();
+    const ButtonState st = m_look == Look::Normal ? ButtonState::Normal
+                           : m_look == Look::Lit  ? ButtonState::Lit
+                                                  : ButtonState::Pressed;
+    QPixmap pm = buttonPicture(m_icon, st, sz * devicePixelRatioF());
+    pm.setDevicePixelRatio(devicePixelRatioF());
+    setPixmap(pm);
+}
+
+void ImageButton::enterEvent(QEnterEvent *e)
+{
+    showLit();
+    QLabel::enterEvent(e);
+}
+
+void ImageButton::leaveEvent(QEvent *e)
+{
+    resetLook();
+    QLabel::leaveEvent(e);
+}
+
+void ImageButton::mousePressEvent(QMouseEvent *e)
+{
+    if (e->button() == Qt::LeftButton)
+        setLook(Look::Pressed);
+}
+
+void ImageButton::mouseReleaseEvent(QMouseEvent *e)
+{
+    if (e->button() != Qt::LeftButton)
+        return;
+    const bool inside = rect().contains(e->position().toPoint());
+    setLook(inside ? Look::Lit : Look::Normal);
+    if (inside)
+        Q_EMIT clicked();
+}
+
+void ImageButton::keyPressEvent(QKeyEvent *e)
+{
+    if (e->key() == Qt::Key_Space || e->key() == Qt::Key_Return || e->key() == Qt::Key_Enter)
+        click();
+    else
+        QLabel::keyPressEvent(e);
+}
+
+void ImageButton::resizeEvent(QResizeEvent *e)
+{
+    QLabel::resizeEvent(e);
+    refresh();
+}
+
+void ImageButton::changeEvent(QEvent *e)
+{
+    QLabel::changeEvent(e);
+    // A caption hides and shows with its button.
+    if (e->type() == QEvent::EnabledChange && m_caption)
+        m_caption->setEnabled(isEnabled());
+}
+
+MenuLabel::MenuLabel(const QString &text, QWidget *parent) : QLabel(text, parent)
+{
+    setCursor(Qt::PointingHandCursor);
+    setFocusPolicy(Qt::TabFocus);
+    setMouseTracking(true);
+    setNormalLook();
+}
+
+void MenuLabel::setNormalLook()
+{
+    setLook(Qt::white, m_chosen);
+}
+
+void MenuLabel::setLitLook()
+{
+    setLook(ImageButton::highlightColour(), true);
+}
+
+void MenuLabel::setChosen(bool chosen)
+{
+    m_chosen = chosen;
+    setNormalLook();
+}
+
+void MenuLabel::setLook(const QColor &colour, bool bold)
+{
+    QPalette pal = palette();
+    pal.setColor(QPalette::WindowText, colour);
+    setPalette(pal);
+    QFont f = font();
+    f.setBold(bold);
+    setFont(f);
+}
+
+void MenuLabel::enterEvent(QEnterEvent *e)
+{
+    Q_EMIT hovered();
+    QLabel::enterEvent(e);
+}
+
+void MenuLabel::mouseMoveEvent(QMouseEvent *e)
+{
+    Q_EMIT hovered();
+    QLabel::mouseMoveEvent(e);
+}
+
+void MenuLabel::mouseReleaseEvent(QMouseEvent *e)
+{
+    if (e->button() == Qt::LeftButton && rect().contains(e->position().toPoint()))
+        Q_EMIT clicked();
+}
+
+void MenuLabel::keyPressEvent(QKeyEvent *e)
+{
+    if (e->key() == Qt::Key_Space || e->key() == Qt::Key_Return || e->key() == Qt::Key_Enter)
+        Q_EMIT clicked();
+    else
+        QLabel::keyPressEvent(e);
+}
+
+void MenuLabel::focusInEvent(QFocusEvent *e)
+{
+    Q_EMIT hovered(); // keyboard users see the same highlight as pointer users
+    QLabel::focusInEvent(e);
+}
+
+} // namespace sd::ui

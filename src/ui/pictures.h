@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QPixmap>
+#include <QString>
+
+namespace sd::ui {
+
+/// Renders a picture of the shared set (":/pictures/NAME.svg") at the given size.
+QPixmap picture(const QString &name, QSize size);
+/// Renders a button: its state background with the icon on top.
+enum class ButtonState { Normal, Lit, Pressed };
+QPixmap buttonPicture(const QString &icon, ButtonState state, QSize size);
+
+} // namespace sd::ui

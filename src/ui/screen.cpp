@@ -1,0 +1,198 @@
+#include "screen.h"
+
+#include "imagebutton.h"
+#include "pictures.h"
+
+#include <QCloseEvent>
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace sd::ui {
+
+Screen::Screen(const QString &code, QWidget *parent) : QWidget(parent)
+{
+    setObjectName(code);
+    setWindowTitle(QStringLiteral("StudyDesk"));
+    setMouseTracking(true);
+    setAutoFillBackground(true);
+    QPalette pal = palette();
+    pal.setColor(QPalette::Window, QColor(32, 96, 191));
+    pal.setColor(QPalette::WindowText, Qt::white);
+    setPalette(pal);
+    resize(m_designSize);
+}
+
+void Screen::setDesignSize(QSize size)
+{
+    m_designSize = size;
+    resize(size);
+}
+
+void Screen::place(QWidget *w, QRect designRect, qreal fontPt)
+{
+    if (w->parentWidget() != this)
+        w->setParent(this);
+    Placement p{designRect, fontPt, m_placements.value(w).picture};
+    m_placements.insert(w, p);
+    w->setMouseTracking(true);
+    applyPlacement(w, p);
+}
+
+void Screen::applyPlacement(QWidget *w, const Placement &p)
+{
+    const QRect r(m_offset + QPoint(qRound(p.rect.x() * m_scale), qRound(p.rect.y() * m_scale)),
+                  QSize(qRound(p.rect.width() * m_scale), qRound(p.rect.height() * m_scale)));
+    w->setGeometry(r);
+    if (p.fontPt > 0) {
+        QFont f = w->font();
+        f.setPointSizeF(std::max(6.0, p.fontPt * m_scale));
+        w->setFont(f);
+    }
+    if (!p.picture.isEmpty()) {
+        if (auto *label = qobject_cast<QLabel *>(w)) {
+            QPixmap pm = picture(p.picture, r.size() * devicePixelRatioF());
+            pm.setDevicePixelRatio(devicePixelRatioF());
+            label->setPixmap(pm);
+        }
+    }
+}
+
+QLabel *Screen::addLabel(const QString &name, const QString &text, QRect rect, qreal fontPt, bool bold,
+                         Qt::Alignment align)
+{
+    auto *l = new QLabel(text, this);
+    l->setObjectName(name);
+    l->setAlignment(align);
+    l->setWordWrap(true);
+    QFont f = l->font();
+    f.setBold(bold);
+    l->setFont(f);
+    place(l, rect, fontPt);
+    return l;
+}
+
+ImageButton *Screen::addButton(const QString &name, const QString &icon, QRect rect, const QString &captionName,
+                               const QString &caption, QRect captionRect)
+{
+    auto *b = new ImageButton(icon, this);
+    b->setObjectName(name);
+    place(b, rect);
+    if (!captionName.isEmpty()) {
+        if (captionRect.isNull())
+            captionRect = QRect(rect.x() - 40, rect.bottom() + 2, rect.width() + 80, 22);
+        QLabel *c = addLabel(captionName, caption, captionRect, 10, true, Qt::AlignHCenter | Qt::AlignTop);
+        b->setCaption(c);
+        b->setAccessibleName(caption);
+    }
+    m_buttons.append(b);
+    return b;
+}
+
+MenuLabel *Screen::addMenuLabel(const QString &name, const QString &text, QRect rect, qreal fontPt,
+                                Qt::Alignment align)
+{
+    auto *l = new MenuLabel(text, this);
+    l->setObjectName(name);
+    l->setAlignment(align);
+    place(l, rect, fontPt);
+    connect(l, &MenuLabel::hovered, this, [this, l] { highlightMenuLabel(l); });
+    m_menuLabels.append(l);
+    l->setProperty("menuIndex", int(m_menuLabels.size()));
+    return l;
+}
+
+QLabel *Screen::addHeadingPlate(int n, const QString &text, QRect rect)
+{
+    addPicture(QStringLiteral("imgHeadshadow%1").arg(n), QStringLiteral("plate-shadow"), rect.translated(4, 4));
+    addPicture(QStringLiteral("imgHead%1").arg(n), QStringLiteral("plate"), rect);
+    QLabel *l = addLabel(QStringLiteral("lblHead%1").arg(n), text, rect, 13, true, Qt::AlignCenter);
+    QPalette pal = l->palette();
+    pal.setColor(QPalette::WindowText, QColor(0, 0, 64));
+    l->setPalette(pal);
+    return l;
+}
+
+QLabel *Screen::addPicture(const QString &name, const QString &pictureName, QRect rect)
+{
+    auto *l = new QLabel(this);
+    l->setObjectName(name);
+    l->setScaledContents(false);
+    m_placements[l].picture = pictureName;
+    place(l, rect);
+    return l;
+}
+
+void Screen::setPicture(QLabel *label, const QString &pictureName)
+{
+    m_placements[label].picture = pictureName;
+    applyPlacement(label, m_placements.value(label));
+}
+
+void Screen::ResetButtons()
+{
+    for (const auto &b : std::as_const(m_buttons))
+        if (b)
+            b->resetLook();
+}
+
+void Screen::highlightMenuLabel(MenuLabel *label)
+{
+    const int n = label ? label->property("menuIndex").toInt() : 0;
+    if (n == hoverIndex())
+        return; // moving within the same label does nothing
+    clearMenuHighlight();
+    setHoverIndex(n);
+    if (label)
+        label->setLitLook();
+}
+
+void Screen::clearMenuHighlight()
+{
+    for (const auto &l : std::as_const(m_menuLabels)) {
+        if (!l)
+            continue;
+        l->setNormalLook();
+    }
+}
+
+void Screen::resizeEvent(QResizeEvent *e)
+{
+    QWidget::resizeEvent(e);
+    const qreal sx = qreal(width()) / m_designSize.width();
+    const qreal sy = qreal(height()) / m_designSize.height();
+    m_scale = std::min(sx, sy);
+    m_offset = QPoint(qRound((width() - m_designSize.width() * m_scale) / 2),
+                      qRound((height() - m_designSize.height() * m_scale) / 2));
+    for (auto it = m_placements.cbegin(); it != m_placements.cend(); ++it)
+        applyPlacement(it.key(), it.value());
+    m_backgroundCache = QPixmap();
+}
+
+void Screen::mouseMoveEvent(QMouseEvent *e)
+{
+    backgroundHovered();
+    QWidget::mouseMoveEvent(e);
+}
+
+void Screen::backgroundHovered()
+{
+    ResetButtons();
+}
+
+void Screen::paintEvent(QPaintEvent *e)
+{
+    if (m_background.isEmpty())
+        return QWidget::paintEvent(e);
+    if (m_backgroundCache.size() != size())
+        m_backgroundCache = picture(m_background, size());
+    QPainter p(this);
+    p.drawPixmap(0, 0, m_backgroundCache);
+}
+
+void Screen::closeEvent(QCloseEvent *e)
+{
+    QWidget::closeEvent(e);
+    Q_EMIT closed();
+}
+
+} // namespace sd::ui

@@ -1,0 +1,11 @@
+#include "registry.h"
+
+#include "frame/navigator.h"
+
+namespace sd {
+
+void registerUseOfEnglishScreens(Navigator &)
+{
+}
+
+} // namespace sd

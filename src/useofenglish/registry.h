@@ -1,0 +1,7 @@
+#pragma once
+
+namespace sd {
+class Navigator;
+/// Registers the Use of English exercise and check screens.
+void registerUseOfEnglishScreens(Navigator &nav);
+} // namespace sd
