@@ -212,7 +212,9 @@ void MenuLabel::keyPressEvent(QKeyEvent *e)
 
 void MenuLabel::focusInEvent(QFocusEvent *e)
 {
-    Q_EMIT hovered(); // keyboard users see the same highlight as pointer users
+    // Keyboard users moving with Tab see the same highlight as pointer users.
+    if (e->reason() == Qt::TabFocusReason || e->reason() == Qt::BacktabFocusReason)
+        Q_EMIT hovered();
     QLabel::focusInEvent(e);
 }
 

@@ -1,0 +1,42 @@
+#include "ui/richtextbox.h"
+
+#include "ui/rtf/rtfreader.h"
+
+#include <QPagedPaintDevice>
+#include <QTextDocument>
+
+namespace sd {
+
+RichTextBox::RichTextBox(QWidget *parent)
+    : QTextEdit(parent)
+{
+    setReadOnly(true);
+    setUndoRedoEnabled(false);
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+}
+
+bool RichTextBox::loadFile(const QString &path)
+{
+    const rtf::ReadResult result = rtf::readRtfFile(path, *document());
+    m_lastMessage = result.message;
+    if (!result.ok) {
+        clear();
+        return false;
+    }
+    moveCursor(QTextCursor::Start);
+    return true;
+}
+
+void RichTextBox::setPlainMessage(const QString &message)
+{
+    m_lastMessage.clear();
+    setPlainText(message);
+}
+
+void RichTextBox::printTo(QPagedPaintDevice *device) const
+{
+    if (device)
+        document()->print(device);
+}
+
+} // namespace sd

@@ -1,0 +1,21 @@
+// Reads RTF, as written by word processors from WordPad to LibreOffice, into a QTextDocument.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+class QTextDocument;
+
+namespace sd::rtf {
+
+struct ReadResult {
+    bool ok = false;       // false: nothing could be shown, the document is left empty
+    bool partial = false;  // true: the file is damaged and the document holds what could be read
+    QString message;       // why, for the log or the screen; empty when all went well
+};
+
+// Replaces the document's content. Never throws; bad input gives ok == false or partial == true.
+ReadResult readRtf(const QByteArray &data, QTextDocument &doc);
+ReadResult readRtfFile(const QString &path, QTextDocument &doc);
+
+} // namespace sd::rtf
