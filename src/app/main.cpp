@@ -1,6 +1,7 @@
 #include "frame/core/services.h"
 #include "frame/core/state.h"
 #include "frame/navigator.h"
+#include "frame/printerqt.h"
 #include "frame/qtsound.h"
 #include "frame/registry.h"
 #include "reading/registry.h"
@@ -57,10 +58,16 @@ int main(int argc, char **argv)
     if (scripted && qEnvironmentVariableIsEmpty("STUDYDESK_DEBUG"))
         qInstallMessageHandler(quietMessages);
 
-    QApplication app(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("studydesk"));
-    QApplication::setApplicationDisplayName(QStringLiteral("StudyDesk"));
-    QApplication::setApplicationVersion(QStringLiteral(STUDYDESK_VERSION));
+    // --help and --version answer without a display, as on any command-line program.
+    std::unique_ptr<QCoreApplication> app;
+    if (argumentGiven(argc, argv, "--help") || argumentGiven(argc, argv, "-h") || argumentGiven(argc, argv, "--version")
+        || argumentGiven(argc, argv, "-v"))
+        app = std::make_unique<QCoreApplication>(argc, argv);
+    else
+        app = std::make_unique<QApplication>(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("studydesk"));
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("StudyDesk"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(STUDYDESK_VERSION));
 
     QCommandLineParser parser;
     parser.setApplicationDescription(
@@ -75,10 +82,11 @@ int main(int argc, char **argv)
                                     QStringLiteral("FILE"));
     const QCommandLineOption show(QStringLiteral("show"), QStringLiteral("Show the window while a script runs."));
     const QCommandLineOption printTo(QStringLiteral("print-to"),
-                                     QStringLiteral("Send every print job of this run to the PDF file FILE."),
+                                     QStringLiteral("Send every print job of this run to a PDF file: the first to FILE, "
+                                                    "later ones to FILE-2.pdf, FILE-3.pdf ..."),
                                      QStringLiteral("FILE"));
     parser.addOptions({dataDir, script, show, printTo});
-    parser.process(app);
+    parser.process(*app);
 
     const QString start = startDirectory(parser.value(dataDir));
     if (!QFileInfo(start).isDir()) {
@@ -119,9 +127,21 @@ int main(int argc, char **argv)
         }
     }
 
+    // Every job goes to --print-to when given. A script never prints on a real printer nor asks
+    // for a file: without --print-to its jobs are dropped.
+    sd::QtPrinter::Options printing;
+    printing.printTo = parser.value(printTo);
+    printing.usePrinters = !scripted;
+    if (!scripted)
+        printing.choosePdf = &sd::QtPrinter::askForPdfFile;
+    auto printer = std::make_unique<sd::QtPrinter>(printing);
+    if (runner)
+        printer->jobEnded = [r = runner.get()](const QString &file, int pages) { r->reportPrint(file, pages); };
+    state.Printer = std::move(printer);
+
     nav.open(QStringLiteral("Introback"));
     nav.open(QStringLiteral("Intro"));
     if (runner)
         runner->start();
-    return app.exec();
+    return app->exec();
 }

@@ -125,6 +125,12 @@ void ScriptRunner::emitEvent(const QList<QPair<QString, QJsonValue>> &fields)
     printJson(m_out, fields);
 }
 
+void ScriptRunner::reportPrint(const QString &file, int pages)
+{
+    emitEvent({{QStringLiteral("event"), QStringLiteral("print")}, {QStringLiteral("file"), file},
+               {QStringLiteral("pages"), pages}});
+}
+
 bool ScriptRunner::loadFile(const QString &path, QString *error)
 {
     QFile f(path);
@@ -301,6 +307,12 @@ void ScriptRunner::run(const QString &line)
         for (ui::Screen *s : m_nav.showing())
             screens.append(QString(QString(QChar(0)) + describeScreen(s, s->isModalScreen())));
         emitEvent({{QStringLiteral("event"), QStringLiteral("dump")}, {QStringLiteral("screens"), screens}});
+    } else if (cmd == u"grab") {
+        // A picture of the topmost screen, for documentation and reviews.
+        ui::Screen *top = m_nav.topmost();
+        QWidget *window = top && !top->isModalScreen() ? m_nav.host() : top;
+        if (!window || !window->grab().save(name))
+            return fail(QStringLiteral("cannot save a picture to %1").arg(name));
     } else if (cmd == u"quit") {
         m_done = true;
         QCoreApplication::exit(0);

@@ -41,6 +41,8 @@ public:
     /// Starts after the event loop has begun; ends the application with 0, or 2 on an error.
     void start();
     void emitEvent(const QList<QPair<QString, QJsonValue>> &fields);
+    /// A print job ended: {"event":"print","file":...,"pages":N}.
+    void reportPrint(const QString &file, int pages);
 
     /// Parses the text argument of `type`: the rest of the line, or a double-quoted string with
     /// \" \\ \n escapes.

@@ -16,6 +16,13 @@ void AppScreen::setHoverIndex(int n)
     state.HoverIndex = n;
 }
 
+void AppScreen::showEvent(QShowEvent *e)
+{
+    ui::Screen::showEvent(e);
+    state.HoverIndex = 0;
+    clearMenuHighlight();
+}
+
 void AppScreen::guarded(const std::function<void()> &action)
 {
     try {

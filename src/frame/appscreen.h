@@ -27,6 +27,8 @@ public:
     void guarded(const std::function<void()> &action);
 
 protected:
+    /// A screen starts with no menu label lit: the index of the last screen means nothing here.
+    void showEvent(QShowEvent *e) override;
     /// Default handling: the error screen with the message.
     virtual void handleError(const ProgramError &e);
     /// Calls action when the button (or its caption) is clicked, under the error handling.

@@ -31,6 +31,18 @@ public:
     QWidget *host() const { return m_host; }
 
     void registerScreen(const QString &code, Factory factory);
+    /// Registers screen class T, constructed as T(state, navigator); a screen with a runLoad()
+    /// step (every exercise screen) is loaded right after construction.
+    template<typename T>
+    void registerScreen(const char *code)
+    {
+        registerScreen(QString::fromLatin1(code), [](ProgramState &s, Navigator &n) -> ui::Screen * {
+            auto *screen = new T(s, n);
+            if constexpr (requires { screen->runLoad(); })
+                screen->runLoad();
+            return screen;
+        });
+    }
     bool isRegistered(const QString &code) const { return m_factories.contains(code); }
 
     /// Creates the screen and shows it on top of the current page.

@@ -6,20 +6,15 @@
 
 namespace sd {
 
-template<typename T>
-static void add(Navigator &nav, const char *code)
-{
-    nav.registerScreen(QString::fromLatin1(code), [](ProgramState &s, Navigator &n) { return new T(s, n); });
-}
-
 void registerFrameScreens(Navigator &nav)
 {
-    add<Introback>(nav, "Introback");
-    add<Intro>(nav, "Intro");
-    add<Practype>(nav, "Practype");
-    add<Pracchoice>(nav, "Pracchoice");
-    add<ErrorScreen>(nav, "Error");
-    add<Helpform>(nav, "Helpform");
+    nav.registerScreen<Introback>("Introback");
+    nav.registerScreen<Intro>("Intro");
+    nav.registerScreen<Practype>("Practype");
+    nav.registerScreen<Pracchoice>("Pracchoice");
+    nav.registerScreen<ErrorScreen>("Error");
+    nav.registerScreen<Helpform>("Helpform");
+    nav.registerScreen<About>("About");
 }
 
 } // namespace sd

@@ -3,10 +3,13 @@
 #include "checked.h"
 #include "datafiles.h"
 #include "minuteclock.h"
+#include "printerdevice.h"
 #include "random.h"
 
 #include <QColor>
 #include <QString>
+
+#include <memory>
 
 namespace sd {
 
@@ -97,6 +100,12 @@ struct ProgramState
     bool TestScored = false;
     bool ShowSectionAnswers = false;
     Array<Array<QString, 0, 20>, 0, 10> SavedAnswer;
+
+    // Composition state: what the editors print and save (heading, text, the writer's name).
+    QString CompositionHeading, CompositionText, LetterHeading, LetterText, StudentName;
+
+    // Printer: the program's printer device. A recording one until start-up sets the real one.
+    std::unique_ptr<PrinterDevice> Printer = std::make_unique<RecordingPrinter>();
 
     /// Section number of a kind within its paper.
     static int sectionOfKind(int kind);
