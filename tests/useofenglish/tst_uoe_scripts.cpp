@@ -1,0 +1,106 @@
+// End-to-end runs of the real program: one exercise of each gap kind is checked, tried again,
+// checked once more, and shown with its correct answers and wrong marks.
+
+#include "gapfixtures.h"
+
+#include <QJsonArray>
+
+using namespace sd;
+using namespace sd::test;
+using namespace Qt::StringLiterals;
+
+using Texts = QMap<QString, QString>;
+Q_DECLARE_METATYPE(Texts)
+
+class TestUoeScripts : public QObject
+{
+    Q_OBJECT
+
+    DataDir dir;
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        dir.writeRecords(DataFile::Ueca,
+                         {gapRecord(u"101"_s, u"surf"_s,
+                                    {u"decided/thought/wanted/planned"_s, u"out/up/off/"_s, u"feet/legs/heels/toes"_s,
+                                     u"give/put/take/set"_s, u"keep/hold/stay/remain"_s, u"get/make/do/earn"_s,
+                                     u"from/off/away/out"_s, u"love/like/heart/passion"_s, u"mind/care/worry/object"_s,
+                                     u"so/such/too/very"_s})});
+        dir.writeRtf(u"surf"_s, u"My cousin (1) me to try surfing."_s);
+        QStringList open;
+        for (const char *w : {"on///", "rather/sooner//", "who/that//", "like///", "so///", "that/this//", "for///",
+                              "up///", "not///", "its///"})
+            open.append(QString::fromLatin1(w));
+        dir.writeRecords(DataFile::Uecb, {gapRecord(u"101"_s, u"sign"_s, open)});
+        dir.writeRtf(u"sign"_s, u"I was not very keen (1) the idea."_s);
+        dir.writeRecords(DataFile::Ueec, {gapRecord(u"101"_s, u"letter"_s, {QString(), u"have"_s, u"more"_s})});
+        QString letter;
+        for (int i = 1; i <= 15; ++i)
+            letter += u"Line %1 of the letter.\r\n"_s.arg(i);
+        dir.writeText(u"letter.txt"_s, letter);
+    }
+
+    void checkTryAgainAndSeeAnswers_data()
+    {
+        QTest::addColumn<QString>("screen");
+        QTest::addColumn<QString>("answers");     // script lines before the first check
+        QTest::addColumn<QString>("secondTry");   // changes before the second check
+        QTest::addColumn<QStringList>("sounds");
+        QTest::addColumn<QList<int>>("marks");
+        QTest::addColumn<Texts>("texts");
+
+        QString mc = u"choose Combo1 decided\nchoose Combo2 up\nchoose Combo3 feet\nchoose Combo4 give\n"
+                     "choose Combo5 keep\nchoose Combo6 get\nchoose Combo7 from\nchoose Combo8 love\n"
+                     "choose Combo9 mind\nchoose Combo10 so\n"_s;
+        QTest::newRow("multiple-choice cloze")
+            << u"ueca"_s << mc << u"choose Combo2 out\nchoose Combo3 legs\nchoose Combo4 put\n"_s
+            << QStringList{u"happychime.wav"_s, u"happychime.wav"_s, u"happychime.wav"_s} << QList<int>{}
+            << Texts{{u"Text3"_s, u"feet"_s}, {u"lblScore"_s, u"Score: 8 out of 10"_s}};
+
+        QTest::newRow("open cloze")
+            << u"uecb"_s
+            << u"type Text1 on\ntype Text2 Sooner\ntype Text3 which\ntype Text4 like\ntype Text5 so\n"
+               "type Text6 this\ntype Text7 for\ntype Text8 up\ntype Text9 no\ntype Text10 its\n"_s
+            << u"type Text9 not\ntype Text1 in\n"_s
+            << QStringList{u"happychime.wav"_s, u"happychime.wav"_s, u"happychime.wav"_s} << QList<int>{3}
+            << Texts{{u"Correct2"_s, u"sooner"_s}, {u"Correct3"_s, u"who"_s}, {u"lblScore"_s, u"Score: 8 out of 10"_s},
+                     {u"lblNote"_s, u" One correct answer is given. There may be alternatives. "_s}};
+
+        QTest::newRow("error correction")
+            << u"ueec"_s << u"type Text2 have\ntype Text3 most\ntype Text5 a\nclick Check1\n"_s << u"type Text3 MORE\n"_s
+            << QStringList{u"happychime.wav"_s, u"happychime.wav"_s, u"happychime.wav"_s} << QList<int>{5}
+            << Texts{{u"Correct3"_s, u"more"_s}, {u"lblScore"_s, u"Score: 14 out of 15"_s}};
+    }
+    void checkTryAgainAndSeeAnswers()
+    {
+        QFETCH(QString, screen);
+        QFETCH(QString, answers);
+        QFETCH(QString, secondTry);
+        QFETCH(QStringList, sounds);
+        QFETCH(QList<int>, marks);
+        QFETCH(Texts, texts);
+
+        const QString script = u"click lblPrac\nclick lbl%1\nclick lblLevel1\nclick lblEx1\n"_s.arg(screen) + answers
+                               + u"click Check\nclick tryagain\n"_s + secondTry
+                               + u"click Check\nclick seewrong\nclick Check\nclick seecorrect\ndump\nquit\n"_s;
+        const ScriptRun run = runScript(dir.path(), script);
+        QVERIFY2(run.exitCode == 0, qPrintable(run.errors + run.eventNames(u"error"_s).join(u' ')));
+        QCOMPARE(run.eventNames(u"shown"_s).count(u"uecheck"_s), 3);
+        QCOMPARE(run.eventNames(u"sound"_s), sounds);
+        QVERIFY(!run.screen(screen).isEmpty());
+        QVERIFY(run.screen(u"uecheck"_s).isEmpty());
+        for (int n = 1; n <= 15; ++n)
+            QVERIFY2(run.control(screen, u"Image%1"_s.arg(n)).value(u"visible"_s).toBool() == marks.contains(n),
+                     qPrintable(u"mark %1"_s.arg(n)));
+        for (auto it = texts.cbegin(); it != texts.cend(); ++it) {
+            const QJsonObject c = run.control(screen, it.key());
+            QCOMPARE(c.value(u"text"_s).toString(), it.value());
+            QVERIFY2(c.value(u"visible"_s).toBool(), qPrintable(it.key()));
+        }
+        QVERIFY(!run.control(screen, u"Check"_s).value(u"visible"_s).toBool());
+    }
+};
+
+QTEST_GUILESS_MAIN(TestUoeScripts)
+#include "tst_uoe_scripts.moc"
