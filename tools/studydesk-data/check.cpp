@@ -1,0 +1,341 @@
+#include "check.h"
+
+#include "recordrules.h"
+#include "ui/rtf/rtfreader.h"
+
+#include "frame/core/services.h"
+#include "frame/core/state.h"
+
+#include <QDir>
+#include <QFile>
+#include <QRegularExpression>
+#include <QTextDocument>
+
+#include <map>
+#include <set>
+
+using namespace Qt::StringLiterals;
+
+namespace sd::data {
+
+namespace {
+
+constexpr int kHelpWidth = 90;
+constexpr int kMostTextLines = 20;
+constexpr int kWidestTextLine = 80; // an error-correction line still fits the screen
+
+QString fieldName(const FieldSpec &f)
+{
+    return QString::fromLatin1(f.name.data(), qsizetype(f.name.size()));
+}
+
+/// Bytes that are no Windows-1252 text: control characters (but the line ends and tabs of text
+/// files), the five unassigned codes, and UTF-8 sequences (text saved in the wrong code page).
+QString codePageFault(QByteArrayView bytes, bool textFile = false)
+{
+    for (qsizetype i = 0; i < bytes.size(); ++i) {
+        const auto b = uchar(bytes[i]);
+        const QString hex = QString::number(b, 16).toUpper().rightJustified(2, u'0');
+        if (textFile && (b == '\r' || b == '\n' || b == '\t'))
+            continue;
+        if (b < 0x20)
+            return u"holds the control character 0x%1"_s.arg(hex);
+        if (b == 0x81 || b == 0x8D || b == 0x8F || b == 0x90 || b == 0x9D)
+            return u"holds the byte 0x%1, which is no Windows-1252 character"_s.arg(hex);
+        if (b >= 0xC2 && b <= 0xF4 && i + 1 < bytes.size() && (uchar(bytes[i + 1]) & 0xC0) == 0x80)
+            return u"holds UTF-8 text (\"%1\"); data files are Windows-1252"_s.arg(QString::fromUtf8(bytes.sliced(i, 2)));
+    }
+    return {};
+}
+
+/// A file of text lines as the program reads them, or why it cannot be read.
+QString textFileFault(const QByteArray &bytes, int mostLines, int widest, QStringList *lines)
+{
+    QString text = decodeSingleByte(bytes);
+    text.replace(u"\r\n"_s, u"\n"_s);
+    if (text.endsWith(u'\n'))
+        text.chop(1);
+    *lines = text.isEmpty() ? QStringList() : text.split(u'\n');
+    if (const QString fault = codePageFault(bytes, true); !fault.isEmpty())
+        return fault;
+    if (lines->isEmpty())
+        return u"is empty"_s;
+    if (mostLines > 0 && lines->size() > mostLines)
+        return u"has %1 lines; the screen reads at most %2"_s.arg(lines->size()).arg(mostLines);
+    for (qsizetype i = 0; widest > 0 && i < lines->size(); ++i)
+        if (lines->at(i).size() > widest)
+            return u"line %1 has %2 characters; at most %3 fit"_s.arg(i + 1).arg(lines->at(i).size()).arg(widest);
+    return {};
+}
+
+class Checker
+{
+public:
+    explicit Checker(const QString &dir) : m_state(m_sound, m_seeds), m_dir(dir)
+    {
+        m_state.setDataDir(dir);
+    }
+
+    CheckReport run();
+
+private:
+    void checkFile(DataFile file);
+    void checkRecord(DataFile file, int n, const QStringList &fields, const QByteArray &raw);
+    void checkReference(const QString &where, const FileReference &ref, DataFile file, const QStringList &fields);
+    QString fileFault(const QString &name);
+    void checkHelp(const QString &code);
+    void checkSounds();
+    QString coverage() const;
+
+    RecordingSound m_sound;
+    SystemSeedSource m_seeds;
+    ProgramState m_state;
+    QDir m_dir;
+    Problems m_errors;
+    std::map<DataFile, std::set<QString>> m_keys; ///< the keys the program finds, per file
+    std::set<DataFile> m_present;
+    std::map<QString, QString> m_fileFaults; ///< each referenced file is read once
+};
+
+CheckReport Checker::run()
+{
+    if (!m_dir.exists())
+        return {{m_dir.path() + u": no such directory"_s}, {}};
+    for (int i = 0; i < DataFileCount; ++i)
+        checkFile(DataFile(i));
+    if (m_present.empty())
+        m_errors << m_dir.path() + u": no exercise data files"_s;
+    checkHelp(u"gen"_s);
+    checkHelp(u"prog"_s);
+    checkSounds();
+    return {m_errors, coverage()};
+}
+
+void Checker::checkFile(DataFile file)
+{
+    const DataFileInfo &info = dataFileInfo(file);
+    QString name = QString::fromLatin1(info.fileName);
+    if (!m_dir.exists(name))
+        return;
+    m_present.insert(file);
+    const int length = info.layout.length;
+    const qint64 size = QFileInfo(m_dir.filePath(name)).size();
+    if (size % length != 0)
+        m_errors << u"%1: %2 bytes is not a whole number of %3-byte records; the last record has only %4 bytes"_s
+                        .arg(name).arg(size).arg(length).arg(size % length);
+    // Read as the program reads: handle 1, the count rounded, the file's own record reader.
+    try {
+        m_state.RecordLength = length;
+        OpenNamedDataFile(m_state, name);
+        CountRecords(m_state, CountFor::Search);
+        const int count = m_state.SearchRecordCount;
+        for (int n = 1; n <= count; ++n) {
+            const QStringList fields = ReadRecord(m_state, file, n);
+            checkRecord(file, n, fields, m_state.Files.reader(file).buffer());
+        }
+        CloseDataFile(m_state);
+    } catch (const ProgramError &e) {
+        m_errors << QString::fromLatin1(info.fileName) + u": cannot be read: "_s + e.message();
+    }
+    if (file != DataFile::Comp && file != DataFile::ExamUewb)
+        checkHelp(kindCode(file));
+}
+
+void Checker::checkRecord(DataFile file, int n, const QStringList &fields, const QByteArray &raw)
+{
+    const LayoutInfo &layout = dataFileInfo(file).layout;
+    const QString fileName = QString::fromLatin1(dataFileInfo(file).fileName);
+    const QString key = fields.value(0);
+    QString where = fileName + u": key "_s + key;
+    if (key.isEmpty() || keyKind(file, key) == KeyKind::Bad)
+        where = fileName + u": record %1"_s.arg(n);
+    else if (!m_keys[file].insert(key).second) {
+        m_errors << where + u": repeated in record %1; the program only finds the first"_s.arg(n);
+        return;
+    }
+    int pos = 0;
+    for (int i = 0; i < layout.fieldCount; ++i) {
+        const int width = layout.fields[i].width;
+        const QByteArrayView bytes = QByteArrayView(raw).sliced(pos, width);
+        pos += width;
+        if (const QString fault = codePageFault(bytes); !fault.isEmpty())
+            m_errors << where + u": "_s + fieldName(layout.fields[i]) + u": "_s + fault;
+        else if (bytes.back() != ' ')
+            m_errors << where + u": "_s + fieldName(layout.fields[i])
+                            + u": the text fills all %1 characters of the field, so it may have been cut off"_s.arg(width);
+    }
+    for (const FieldProblem &p : checkFields(file, fields))
+        m_errors << where + u": "_s + p.field + u": "_s + p.message;
+    for (const FileReference &ref : referencedFiles(file, fields))
+        checkReference(where, ref, file, fields);
+}
+
+QString Checker::fileFault(const QString &name)
+{
+    if (auto it = m_fileFaults.find(name); it != m_fileFaults.end())
+        return it->second;
+    QString fault;
+    QFile file(m_dir.filePath(name));
+    if (!file.exists()) {
+        fault = u"is missing"_s;
+    } else if (!file.open(QIODevice::ReadOnly)) {
+        fault = u"cannot be opened"_s;
+    } else if (name.endsWith(u".rtf"_s)) {
+        QTextDocument doc;
+        const rtf::ReadResult r = rtf::readRtf(file.readAll(), doc);
+        if (!r.ok || r.partial)
+            fault = u"cannot be read as rich text: "_s + r.message;
+        else if (doc.toPlainText().trimmed().isEmpty())
+            fault = u"holds no text"_s;
+    } else if (name.endsWith(u".htm"_s)) {
+        QTextDocument doc;
+        doc.setHtml(QString::fromUtf8(file.readAll()));
+        if (doc.toPlainText().trimmed().isEmpty())
+            fault = u"holds no text"_s;
+    }
+    m_fileFaults[name] = fault;
+    return fault;
+}
+
+void Checker::checkReference(const QString &where, const FileReference &ref, DataFile file, const QStringList &fields)
+{
+    const QString prefix = where + u": "_s + ref.field + u": "_s + ref.fileName + u" "_s;
+    if (const QString fault = fileFault(ref.fileName); !fault.isEmpty()) {
+        m_errors << prefix + fault;
+        return;
+    }
+    if (!ref.fileName.endsWith(u".txt"_s))
+        return;
+    QFile text(m_dir.filePath(ref.fileName));
+    text.open(QIODevice::ReadOnly);
+    QStringList lines;
+    if (const QString fault = textFileFault(text.readAll(), kMostTextLines, kWidestTextLine, &lines); !fault.isEmpty()) {
+        m_errors << prefix + fault;
+        return;
+    }
+    // Each extra word stands in its own line.
+    for (int n = 1; n <= 15 && file == DataFile::Ueec; ++n) {
+        const QString word = fieldOf(file, fields, QStringLiteral("Item%1").arg(n).toLatin1().constData());
+        if (word.isEmpty())
+            continue;
+        const QRegularExpression whole(u"\\b"_s + QRegularExpression::escape(word) + u"\\b"_s,
+                                       QRegularExpression::CaseInsensitiveOption);
+        if (!whole.match(lines.value(n - 1)).hasMatch())
+            m_errors << where + u": Item%1: \"%2\" is not in line %1 of %3"_s.arg(n).arg(word, ref.fileName);
+    }
+}
+
+void Checker::checkHelp(const QString &code)
+{
+    const QString base = u"help"_s + code;
+    if (const QString fault = fileFault(base + u".rtf"_s); !fault.isEmpty())
+        m_errors << base + u".rtf "_s + fault;
+    QFile text(m_dir.filePath(base + u".txt"_s));
+    QStringList lines;
+    if (!text.open(QIODevice::ReadOnly))
+        m_errors << base + u".txt is missing"_s;
+    else if (const QString fault = textFileFault(text.readAll(), 0, kHelpWidth, &lines); !fault.isEmpty())
+        m_errors << base + u".txt "_s + fault;
+}
+
+void Checker::checkSounds()
+{
+    std::set<QString> clips;
+    for (int i = 1; i <= 9; ++i)
+        clips.insert(m_state.SoundFiles[i]);
+    for (const QString &clip : clips) {
+        QFile file(m_dir.filePath(clip));
+        if (!file.open(QIODevice::ReadOnly)) {
+            m_errors << clip + u" is missing"_s;
+            continue;
+        }
+        const QByteArray head = file.read(12);
+        if (!head.startsWith("RIFF") || head.mid(8, 4) != "WAVE")
+            m_errors << clip + u" is not a WAVE file"_s;
+    }
+}
+
+QString Checker::coverage() const
+{
+    QStringList rows;
+    rows << u"%1 %2 %3 %4 %5  %6"_s.arg(u"kind"_s, -27).arg(u"file"_s, -13).arg(u"level 1"_s, -8)
+                .arg(u"level 2"_s, -8).arg(u"level 3"_s, -8).arg(u"tests"_s);
+    for (int i = 0; i < DataFileCount; ++i) {
+        const auto file = DataFile(i);
+        int kind = i + 1;
+        QString kindName;
+        if (file == DataFile::ExamUewb) {
+            kind = 10;
+            kindName = m_state.KindNames[10] + u" (tests)"_s;
+        } else {
+            kindName = m_state.KindNames[kind];
+        }
+        QString row = u"%1 %2 %3 "_s.arg(kind, 2).arg(kindName, -24).arg(QString::fromLatin1(dataFileInfo(file).fileName), -13);
+        if (!m_present.count(file)) {
+            rows << row + u"no file"_s;
+            continue;
+        }
+        const auto it = m_keys.find(file);
+        const std::set<QString> keys = it == m_keys.end() ? std::set<QString>() : it->second;
+        if (file == DataFile::Comp) {
+            rows << row + u"%1 titles"_s.arg(keys.size());
+            continue;
+        }
+        int perLevel[4] = {0, 0, 0, 0};
+        QStringList tests;
+        for (const QString &k : keys) {
+            if (keyKind(file, k) == KeyKind::Practice)
+                ++perLevel[k.at(0).digitValue()];
+            else if (keyKind(file, k) == KeyKind::Test)
+                tests << k;
+        }
+        for (int level = 1; level <= 3; ++level)
+            row += u"%1 "_s.arg(u"%1/10"_s.arg(perLevel[level]), -8);
+        rows << row + u" "_s + (tests.isEmpty() ? u"-"_s : tests.join(u' '));
+    }
+    return rows.join(u'\n') + u'\n';
+}
+
+} // namespace
+
+CheckReport checkDataDirectory(const QString &dir)
+{
+    return Checker(dir).run();
+}
+
+bool showRecord(const QString &dir, const QString &fileOrCode, const QString &key, QString *out)
+{
+    DataFile file;
+    if (!dataFileForCode(fileOrCode, &file)) {
+        *out = fileOrCode + u": not a data file (pracrcmc.dat or rcmc ...)"_s;
+        return false;
+    }
+    RecordingSound sound;
+    SystemSeedSource seeds;
+    ProgramState state(sound, seeds);
+    state.setDataDir(dir);
+    const DataFileInfo &info = dataFileInfo(file);
+    QString name = QString::fromLatin1(info.fileName);
+    try {
+        state.RecordLength = info.layout.length;
+        OpenNamedDataFile(state, name);
+        CountRecords(state, CountFor::Search);
+        for (int n = 1; n <= state.SearchRecordCount; ++n) {
+            const QStringList fields = ReadRecord(state, file, n);
+            if (fields.value(0) != key)
+                continue;
+            QStringList lines{u"%1 record %2"_s.arg(QString::fromLatin1(info.fileName)).arg(n)};
+            for (int i = 0; i < info.layout.fieldCount; ++i)
+                lines << u"%1 %2"_s.arg(fieldName(info.layout.fields[i]), -8).arg(fields.value(i)).trimmed();
+            *out = lines.join(u'\n') + u'\n';
+            return true;
+        }
+    } catch (const ProgramError &e) {
+        *out = QString::fromLatin1(info.fileName) + u": cannot be read: "_s + e.message();
+        return false;
+    }
+    *out = QString::fromLatin1(info.fileName) + u": no record has the key "_s + key;
+    return false;
+}
+
+} // namespace sd::data

@@ -1,0 +1,93 @@
+// studydesk-data: builds, checks and shows StudyDesk data directories.
+//   studydesk-data build SOURCE OUT
+//   studydesk-data check DIR
+//   studydesk-data show DIR FILE KEY
+
+#include "build.h"
+#include "check.h"
+
+#include <QGuiApplication>
+
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void print(FILE *to, const QString &text)
+{
+    std::fputs(text.toLocal8Bit().constData(), to);
+}
+
+/// Qt's own notes about the machine (no runtime directory, no screen) are no concern of a teacher.
+void quietHandler(QtMsgType type, const QMessageLogContext &, const QString &message)
+{
+    if (type == QtDebugMsg || type == QtInfoMsg || message.startsWith(u"QStandardPaths:"_s))
+        return;
+    print(stderr, message + u'\n');
+}
+
+int usage()
+{
+    print(stderr, u"usage: studydesk-data build SOURCE OUT\n"
+                  u"       studydesk-data check DIR\n"
+                  u"       studydesk-data show DIR FILE KEY\n"_s);
+    return 2;
+}
+
+int build(const QString &source, const QString &out)
+{
+    sd::data::Problems problems;
+    sd::data::BuildSummary made;
+    const bool ok = sd::data::buildDataDirectory(source, out, problems, &made);
+    for (const QString &p : std::as_const(problems))
+        print(stderr, p + u'\n');
+    if (!ok) {
+        print(stderr, u"%1 problems; nothing was written\n"_s.arg(problems.size()));
+        return 1;
+    }
+    print(stdout, u"%1: %2 exercises in %3 data files, %4 help topics, %5 sound clips (%6 files)\n"_s
+                      .arg(out).arg(made.exercises).arg(made.dataFiles).arg(made.helpTopics)
+                      .arg(made.soundClips).arg(made.filesWritten));
+    return 0;
+}
+
+int check(const QString &dir)
+{
+    const sd::data::CheckReport report = sd::data::checkDataDirectory(dir);
+    for (const QString &e : report.errors)
+        print(stdout, e + u'\n');
+    if (!report.errors.isEmpty())
+        print(stdout, u"\n"_s);
+    print(stdout, report.coverage);
+    print(stdout, report.errors.isEmpty() ? u"\nno errors\n"_s : u"\n%1 errors\n"_s.arg(report.errors.size()));
+    return report.errors.isEmpty() ? 0 : 1;
+}
+
+int show(const QString &dir, const QString &file, const QString &key)
+{
+    QString out;
+    const bool found = sd::data::showRecord(dir, file, key, &out);
+    print(found ? stdout : stderr, found ? out : out + u'\n');
+    return found ? 0 : 1;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    // Documents are laid out without a screen.
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    qInstallMessageHandler(quietHandler);
+    QGuiApplication app(argc, argv);
+    const QStringList args = app.arguments().mid(1);
+    const QString command = args.value(0);
+    if (command == u"build"_s && args.size() == 3)
+        return build(args.at(1), args.at(2));
+    if (command == u"check"_s && args.size() == 2)
+        return check(args.at(1));
+    if (command == u"show"_s && args.size() == 4)
+        return show(args.at(1), args.at(2), args.at(3));
+    return usage();
+}
