@@ -1,0 +1,170 @@
+// The bundled content: built from content/, it passes the checker, and every exercise answered
+// with its own key scores full marks with "Well done!" through the program's scoring code.
+
+#include "check.h"
+#include "datatoolfixture.h"
+#include "frame/core/services.h"
+#include "frame/core/state.h"
+#include "reading/core/readingscore.h"
+#include "recordrules.h"
+#include "useofenglish/core/gapscoring.h"
+
+using namespace sd;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QList<std::pair<int, DataFile>> kKinds = {{1, DataFile::Rche}, {2, DataFile::Rcmc}, {3, DataFile::Rcre},
+                                                {4, DataFile::Rcma}, {6, DataFile::Ueca}, {7, DataFile::Uecb},
+                                                {9, DataFile::Ueec}};
+
+/// The program's state on a data directory, reading records as the screens do.
+struct Program
+{
+    RecordingSound sound;
+    FakeSeedSource seeds;
+    ProgramState state{sound, seeds};
+
+    explicit Program(const QString &dir) { state.setDataDir(dir); }
+
+    QStringList record(DataFile file, int n)
+    {
+        QString name = QString::fromLatin1(dataFileInfo(file).fileName);
+        state.RecordLength = dataFileInfo(file).layout.length;
+        OpenNamedDataFile(state, name);
+        const QStringList fields = ReadRecord(state, file, n);
+        CloseDataFile(state);
+        return fields;
+    }
+};
+
+struct Result
+{
+    int score = 0;
+    int total = 0;
+    QString verdict;
+};
+
+/// Scores the exercise with the key's own answers, or with nothing typed.
+Result answer(Program &p, int kind, DataFile file, int n, bool withKey)
+{
+    if (kind <= 4) {
+        const RecordB b = RecordB::from(p.record(file, n));
+        const RecordA a = RecordA::from(p.record(file, n));
+        const QStringList keys = kind == 4 ? splitSlashKey(b.Answers)
+                                           : splitLetterKey(a.Answers, kind == 1 || kind == 3);
+        QStringList answers;
+        for (const QString &k : keys)
+            answers << (withKey ? readingAnswer(k) : QString());
+        const ReadingScore s = scoreReading(answers, keys);
+        return {s.score, s.total, readingVerdict(s.total, s.score).comment};
+    }
+    const RecordD r = RecordD::from(p.record(file, n));
+    if (kind == 6)
+        PrepareChoiceGaps(p.state, kind, r.Item);
+    else if (kind == 7)
+        PrepareOpenGaps(p.state, kind, r.Item);
+    else
+        PrepareLineGaps(p.state, kind, r.Item);
+    QStringList answers;
+    for (int g = 1; g <= 15; ++g)
+        answers << (withKey ? r.Item[g].section(u'/', 0, 0) : QString());
+    TakeAnswers(p.state, kind, answers);
+    ScoreGaps(p.state, kind);
+    return {p.state.Score, p.state.GapCount, p.state.VerdictTexts[p.state.VerdictIndex]};
+}
+
+} // namespace
+
+class TestBundledContent : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void checkFindsNoErrors();
+    void fullMarksWithTheKey_data();
+    void fullMarksWithTheKey();
+    void nothingTypedScoresNothing_data() { fullMarksWithTheKey_data(); }
+    void nothingTypedScoresNothing();
+    void errorCorrectionTextsReadAsFifteenNumberedLines();
+
+private:
+    QTemporaryDir m_tmp;
+    QString m_data;
+};
+
+void TestBundledContent::initTestCase()
+{
+    m_data = m_tmp.filePath(u"data"_s);
+    QVERIFY(test::buildQuietly(test::contentDir(), m_data));
+}
+
+void TestBundledContent::checkFindsNoErrors()
+{
+    const data::CheckReport report = data::checkDataDirectory(m_data);
+    QCOMPARE(report.errors, QStringList());
+    for (const auto &[kind, file] : kKinds) {
+        const QString name = QString::fromLatin1(dataFileInfo(file).fileName);
+        const QRegularExpression row(name + uR"(\s+10/10\s+\d+/10\s+\d+/10\s+x01)"_s);
+        QVERIFY2(row.match(report.coverage).hasMatch(), qPrintable(report.coverage));
+    }
+}
+
+void TestBundledContent::fullMarksWithTheKey_data()
+{
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<DataFile>("file");
+    QTest::addColumn<int>("record");
+    for (const auto &[kind, file] : kKinds) {
+        const qint64 count = QFileInfo(m_data + u'/' + QString::fromLatin1(dataFileInfo(file).fileName)).size()
+                             / dataFileInfo(file).layout.length;
+        QVERIFY(count >= 11);
+        Program p(m_data);
+        for (int n = 1; n <= count; ++n) {
+            const QString key = p.record(file, n).value(0);
+            QTest::addRow("%s %s", qPrintable(data::kindCode(file)), qPrintable(key)) << kind << file << n;
+        }
+    }
+}
+
+void TestBundledContent::fullMarksWithTheKey()
+{
+    QFETCH(int, kind);
+    QFETCH(DataFile, file);
+    QFETCH(int, record);
+    Program p(m_data);
+    const Result r = answer(p, kind, file, record, true);
+    QVERIFY(r.total >= 4);
+    QCOMPARE(r.score, r.total);
+    QCOMPARE(r.verdict, u"Well done!"_s);
+}
+
+void TestBundledContent::nothingTypedScoresNothing()
+{
+    QFETCH(int, kind);
+    QFETCH(DataFile, file);
+    QFETCH(int, record);
+    Program p(m_data);
+    const Result r = answer(p, kind, file, record, false);
+    if (kind == 9) {
+        // An empty box says "this line is correct": only the three to five correct lines score.
+        QVERIFY2(r.score >= 3 && r.score <= 5, qPrintable(QString::number(r.score)));
+        return;
+    }
+    QCOMPARE(r.score, 0);
+    QCOMPARE(r.verdict, u"What happened?"_s);
+}
+
+void TestBundledContent::errorCorrectionTextsReadAsFifteenNumberedLines()
+{
+    for (const QString &name : QDir(m_data).entryList({u"ueec*.txt"_s})) {
+        const QStringList lines = ReadNumberedLines(m_data + u'/' + name);
+        QCOMPARE(lines.size(), 15);
+        for (int i = 0; i < 15; ++i)
+            QVERIFY2(lines.at(i).startsWith(QString::number(i + 1) + u". "_s), qPrintable(lines.at(i)));
+    }
+}
+
+QTEST_MAIN(TestBundledContent)
+#include "tst_bundledcontent.moc"
