@@ -18,15 +18,15 @@ uecheck::uecheck(ProgramState &s, Navigator &nav) : AppScreen(QStringLiteral("ue
                       Qt::AlignCenter);
     addLabel(QStringLiteral("lblBottomdots"), s.Separator, QRect(20, 238, 520, 16), 8, false, Qt::AlignCenter);
 
-    struct Spec { const char *name, *icon, *caption, *text; void (uecheck::*act)(); };
-    const Spec buttons[] = {
+    struct ButtonDef { const char *name, *icon, *caption, *text; void (uecheck::*act)(); };
+    const ButtonDef buttons[] = {
         {"seecorrect", "seecorrect", "lblSeecorrect", "See correct answers", &uecheck::seeCorrect},
         {"seewrong", "seewrong", "lblSeewrong", "See wrong answers", &uecheck::seeWrong},
         {"tryagain", "tryagain", "lblAgain", "Try again", &uecheck::tryAgain},
         {"back", "back", "lblBack", "Close", &uecheck::closeCheck},
     };
     int x = 54;
-    for (const Spec &b : buttons) {
+    for (const ButtonDef &b : buttons) {
         ui::ImageButton *button = addButton(QString::fromLatin1(b.name), QString::fromLatin1(b.icon), QRect(x, 266, 52, 52),
                                             QString::fromLatin1(b.caption), QString::fromLatin1(b.text),
                                             QRect(x - 38, 322, 128, 44));

@@ -27,16 +27,20 @@ RecordA RecordA::from(const QStringList &f)
     return r;
 }
 
-RecordB RecordB::from(const QStringList &f)
+template<int ItemCount>
+RecordWithItems<ItemCount> RecordWithItems<ItemCount>::from(const QStringList &f)
 {
-    RecordB r;
+    RecordWithItems r;
     r.Code = at(f, 0);
     r.Name = at(f, 1);
     r.Title = at(f, 2);
     fillRun(r.Item, f, 3);
-    r.Answers = at(f, 18);
+    r.Answers = at(f, 3 + ItemCount);
     return r;
 }
+
+template struct RecordWithItems<15>;
+template struct RecordWithItems<11>;
 
 RecordC RecordC::from(const QStringList &f)
 {
@@ -58,17 +62,6 @@ RecordE RecordE::from(const QStringList &f)
 RecordG RecordG::from(const QStringList &f)
 {
     return RecordG{at(f, 0), at(f, 1), at(f, 2), at(f, 3)};
-}
-
-RecordH RecordH::from(const QStringList &f)
-{
-    RecordH r;
-    r.Code = at(f, 0);
-    r.Name = at(f, 1);
-    r.Title = at(f, 2);
-    fillRun(r.Item, f, 3);
-    r.Answers = at(f, 14);
-    return r;
 }
 
 } // namespace sd

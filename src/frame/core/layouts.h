@@ -118,13 +118,17 @@ struct RecordA
     static RecordA from(const QStringList &f);
 };
 
-struct RecordB
+/// Layouts B, D, F and H: a code, a name, a title, a run of items and the answers.
+template<int ItemCount>
+struct RecordWithItems
 {
     QString Code, Name, Title;
-    Array<QString, 1, 15> Item;
+    Array<QString, 1, ItemCount> Item;
     QString Answers;
-    static RecordB from(const QStringList &f);
+    static RecordWithItems from(const QStringList &f);
 };
+
+using RecordB = RecordWithItems<15>;
 
 struct RecordC
 {
@@ -151,12 +155,6 @@ struct RecordG
     static RecordG from(const QStringList &f);
 };
 
-struct RecordH
-{
-    QString Code, Name, Title;
-    Array<QString, 1, 11> Item;
-    QString Answers;
-    static RecordH from(const QStringList &f);
-};
+using RecordH = RecordWithItems<11>;
 
 } // namespace sd
