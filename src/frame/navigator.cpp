@@ -20,8 +20,10 @@ Navigator::Navigator(ProgramState &state) : m_state(state), m_host(new QWidget)
 
 Navigator::~Navigator()
 {
-    for (const auto &m : std::as_const(m_modals))
-        delete m.data();
+    const QList<ui::Screen *> modals = m_modals;
+    m_modals.clear();
+    m_pageStack.clear();
+    qDeleteAll(modals);
     delete m_host;
 }
 
@@ -48,7 +50,7 @@ ui::Screen *Navigator::open(const QString &code)
     m_pages->setCurrentWidget(s);
     if (!m_host->isVisible())
         m_host->show();
-    connect(s, &QObject::destroyed, this, [this, s] { forget(s); });
+    connect(s, &QObject::destroyed, this, &Navigator::forget);
     Q_EMIT screenShown(code);
     return s;
 }
@@ -70,7 +72,7 @@ ui::Screen *Navigator::openModal(const QString &code, std::function<void()> onCl
         m_onClosed.insert(s, std::move(onClosed));
     // Closing the window by its frame counts as closing the screen.
     connect(s, &ui::Screen::closed, this, [this, s] { close(s); });
-    connect(s, &QObject::destroyed, this, [this, s] { forget(s); });
+    connect(s, &QObject::destroyed, this, &Navigator::forget);
     s->show();
     s->raise();
     s->activateWindow();
@@ -100,7 +102,7 @@ void Navigator::close(ui::Screen *screen)
         m_pages->removeWidget(screen);
         screen->hide();
         screen->deleteLater();
-        if (!m_pageStack.isEmpty() && m_pageStack.last())
+        if (!m_pageStack.isEmpty())
             m_pages->setCurrentWidget(m_pageStack.last());
     }
     Q_EMIT screenClosed(code);
@@ -108,20 +110,21 @@ void Navigator::close(ui::Screen *screen)
         after();
 }
 
-void Navigator::forget(ui::Screen *screen)
+void Navigator::forget(QObject *object)
 {
-    m_pageStack.removeAll(screen);
-    m_modals.removeAll(screen);
-    m_onClosed.remove(screen);
+    const auto same = [object](ui::Screen *s) { return static_cast<QObject *>(s) == object; };
+    m_pageStack.removeIf(same);
+    m_modals.removeIf(same);
+    m_onClosed.removeIf([object](const auto &it) { return static_cast<QObject *>(it.key()) == object; });
 }
 
 QList<ui::Screen *> Navigator::showing() const
 {
     QList<ui::Screen *> out;
-    if (!m_pageStack.isEmpty() && m_pageStack.last())
+    if (!m_pageStack.isEmpty())
         out.append(m_pageStack.last());
-    for (const auto &m : m_modals)
-        if (m && !m->property("sdClosing").toBool())
+    for (ui::Screen *m : m_modals)
+        if (!m->property("sdClosing").toBool())
             out.append(m);
     return out;
 }
@@ -135,10 +138,10 @@ ui::Screen *Navigator::topmost() const
 ui::Screen *Navigator::find(const QString &code) const
 {
     for (auto it = m_modals.crbegin(); it != m_modals.crend(); ++it)
-        if (*it && (*it)->code() == code)
+        if ((*it)->code() == code)
             return *it;
     for (auto it = m_pageStack.crbegin(); it != m_pageStack.crend(); ++it)
-        if (*it && (*it)->code() == code)
+        if ((*it)->code() == code)
             return *it;
     return nullptr;
 }

@@ -4,7 +4,6 @@
 
 #include <QHash>
 #include <QObject>
-#include <QPointer>
 #include <QStackedLayout>
 
 #include <functional>
@@ -66,14 +65,16 @@ Q_SIGNALS:
 
 private:
     ui::Screen *create(const QString &code);
-    void forget(ui::Screen *screen);
+    /// Drops a destroyed screen; compares QObject identity only, since a dying object is no
+    /// longer a Screen.
+    void forget(QObject *object);
 
     ProgramState &m_state;
     QHash<QString, Factory> m_factories;
     QWidget *m_host;
     QStackedLayout *m_pages;
-    QList<QPointer<ui::Screen>> m_pageStack;
-    QList<QPointer<ui::Screen>> m_modals;
+    QList<ui::Screen *> m_pageStack;
+    QList<ui::Screen *> m_modals;
     QHash<ui::Screen *, std::function<void()>> m_onClosed;
 };
 
