@@ -56,12 +56,33 @@ bool dataFileForKind(int kind, bool practiceMode, bool testMode, DataFile *out)
     return false;
 }
 
+namespace {
+/// The code page as a table of 256 characters, made once from Qt's decoder: decoding a record is
+/// then a lookup per byte, which keeps a key search over thousands of records fast.
+const std::array<char16_t, 256> &singleByteTable()
+{
+    static const std::array<char16_t, 256> table = [] {
+        std::array<char16_t, 256> t{};
+        QStringDecoder decoder("windows-1252", QStringConverter::Flag::Stateless);
+        for (int b = 0; b < 256; ++b) {
+            const char c = char(b);
+            const QString one = decoder.isValid() ? decoder.decode(QByteArrayView(&c, 1)) : QString(QChar(b));
+            t[std::size_t(b)] = one.size() == 1 ? one.at(0).unicode() : char16_t(b); // no ICU: Latin-1
+        }
+        return t;
+    }();
+    return table;
+}
+} // namespace
+
 QString decodeSingleByte(QByteArrayView bytes)
 {
-    QStringDecoder decoder("windows-1252");
-    if (!decoder.isValid()) // no ICU: Latin-1 is the nearest code page
-        return QString::fromLatin1(bytes);
-    return decoder.decode(bytes);
+    const auto &table = singleByteTable();
+    QString out(bytes.size(), Qt::Uninitialized);
+    QChar *dst = out.data();
+    for (qsizetype i = 0; i < bytes.size(); ++i)
+        dst[i] = QChar(table[uchar(bytes[i])]);
+    return out;
 }
 
 QByteArray encodeSingleByte(QStringView text, bool *ok)
@@ -87,6 +108,16 @@ QString trimBlanks(const QString &s)
 
 QStringList RecordReader::read(QFile &handle, int n)
 {
+    return read(handle, n, dataFileInfo(m_file).layout.fieldCount);
+}
+
+QString RecordReader::readCode(QFile &handle, int n)
+{
+    return read(handle, n, 1).value(0);
+}
+
+QStringList RecordReader::read(QFile &handle, int n, int fieldCount)
+{
     const LayoutInfo &lay = dataFileInfo(m_file).layout;
     if (!handle.isOpen())
         throw ProgramError(QStringLiteral("Bad file name or number"));
@@ -99,9 +130,9 @@ QStringList RecordReader::read(QFile &handle, int n)
         std::copy(bytes.begin(), bytes.end(), m_buffer.begin());
     }
     QStringList fields;
-    fields.reserve(lay.fieldCount);
+    fields.reserve(fieldCount);
     int pos = 0;
-    for (int i = 0; i < lay.fieldCount; ++i) {
+    for (int i = 0; i < fieldCount; ++i) {
         const int w = lay.fields[i].width;
         fields.append(trimBlanks(decodeSingleByte(QByteArrayView(m_buffer).sliced(pos, w))));
         pos += w;
@@ -216,7 +247,7 @@ QString ReadRecordCode(ProgramState &s, int n)
                          || (kind == 10 && s.TestMode && !s.PracticeMode);
     if (!covered || !dataFileForKind(kind, s.PracticeMode, s.TestMode, &f))
         return QString();
-    return ReadRecord(s, f, n).value(0);
+    return s.Files.reader(f).readCode(s.Files.handle(), n);
 }
 
 SearchResult FindPracticeRecord(ProgramState &s)

@@ -32,9 +32,13 @@ class RecordReader
 public:
     explicit RecordReader(DataFile file) : m_file(file) {}
     QStringList read(QFile &handle, int n);
+    /// Reads the whole record into the buffer but decodes only its Code (the key search).
+    QString readCode(QFile &handle, int n);
     const QByteArray &buffer() const { return m_buffer; }
 
 private:
+    QStringList read(QFile &handle, int n, int fieldCount);
+
     DataFile m_file;
     QByteArray m_buffer;
 };
