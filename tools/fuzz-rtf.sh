@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Fuzzes the RTF reader for SECONDS (default 600) with libFuzzer, ASan and UBSan.
-# Usage: tools/fuzz-rtf.sh [SECONDS]
+# Usage: tools/fuzz-rtf.sh [SECONDS]    (FUZZ_MAX_LEN=N for longer inputs than 8 KB)
 # Builds the reader and the fuzzer alone in build-fuzz with clang, starts from tests/rtf/corpus (and the shared samples when
 # they are there), keeps what it learns in build-fuzz/fuzz-corpus and puts crashing inputs in
 # build-fuzz/crashes. Exits 1 when it found any: add them to tests/rtf/corpus once fixed.
@@ -28,7 +28,7 @@ ASAN_OPTIONS=detect_leaks=0:allocator_may_return_null=1 \
 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
   "$build/bin/fuzz_rtf" "$build/fuzz-corpus" "${seeds[@]}" \
     -dict="$root/tests/fuzz/rtf.dict" -max_total_time="$seconds" -timeout=10 \
-    -rss_limit_mb=4096 -max_len=65536 -print_final_stats=1 \
+    -rss_limit_mb=4096 -max_len="${FUZZ_MAX_LEN:-8192}" -print_final_stats=1 \
     -artifact_prefix="$build/crashes/" 2>&1 | tee "$build/fuzz.log" | grep -E '^#[0-9]+.*(pulse|DONE)|ERROR|stat::|crash-|timeout-|oom-'
 set -e
 

@@ -224,6 +224,7 @@ void TestRtfReader::text_data()
     QTest::newRow("u with uc2") << rtfDoc("\\uc2\\u1055\\'cf\\'d0x") << u"\u041Fx"_s;
     QTest::newRow("uc ends with its group") << rtfDoc("{\\uc2\\u1055 xy}\\u1056 z") << u"\u041F\u0420"_s;
     QTest::newRow("negative u") << rtfDoc("\\u-10179?\\u-8704?") << u"\U0001F600"_s;
+    QTest::newRow("u forging a picture or a frame") << rtfDoc("a\\u-4?b\\u-560?\\u-559?c\\u65535?") << u"abc"_s;
     QTest::newRow("symbol font") << rtfDoc("{\\f2 \\'b7a}") << u"\u2022\u03B1"_s;
     QTest::newRow("symbol charset") << rtfDoc("{\\f5 \\'b7}") << u"\u2022"_s;
     QTest::newRow("wingdings") << rtfDoc("{\\f4 \\'a7\\'fc}") << u"\u25AA\u2713"_s;
@@ -281,7 +282,7 @@ void TestRtfReader::tables()
 {
     QTextDocument doc;
     // The second row has more cells than boundaries: the table grows to fit.
-    QVERIFY(readRtf(rtfDoc("Before\\par\\trowd\\cellx2000\\cellx4000\\pard\\intbl A\\par\\cell\\pard\\intbl B\\cell\\row"
+    QVERIFY(readRtf(rtfDoc("Before\\trowd\\cellx2000\\cellx4000\\pard\\intbl A\\par\\cell\\pard\\intbl B\\cell\\row"
                            "\\trowd\\cellx2000\\pard\\intbl C\\cell D\\cell\\cell\\row\\pard After\\par"),
                     doc).ok);
     QTextCursor c(&doc);

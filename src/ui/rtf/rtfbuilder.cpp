@@ -31,11 +31,13 @@ void DocumentBuilder::text(QStringView s, const CharProps &c, const ParaProps &p
 {
     if (s.isEmpty())
         return;
-    if (!m_buffer.isEmpty() && !(c == m_bufferProps))
+    // Text that moves into or out of a table cannot share the buffer with what came before.
+    if (!m_buffer.isEmpty() && (!(c == m_bufferProps) || p.tableDepth() != m_bufferDepth))
         flushText();
     if (m_buffer.isEmpty()) {
         prepareContent(c, p);
         m_bufferProps = c;
+        m_bufferDepth = p.tableDepth();
     }
     m_buffer.append(s);
     m_contentCount += s.size();
@@ -267,6 +269,7 @@ void DocumentBuilder::appendNotes(const QTextDocument &notes)
     m_cursor.setBlockFormat(rule);
     m_cursor.insertBlock(QTextBlockFormat());
     m_cursor.insertFragment(QTextDocumentFragment(&notes));
+    m_contentCount += notes.characterCount();
     m_fresh = false;
     m_pending = false;
 }

@@ -70,6 +70,7 @@ private:
 
     QString m_buffer;
     CharProps m_bufferProps;
+    int m_bufferDepth = 0;
     QStringList m_anchorNames;
 
     CharProps m_formatProps;

@@ -14,17 +14,6 @@ namespace sd::rtf {
 
 namespace {
 
-int hexValue(char c)
-{
-    if (c >= '0' && c <= '9')
-        return c - '0';
-    if (c >= 'a' && c <= 'f')
-        return c - 'a' + 10;
-    if (c >= 'A' && c <= 'F')
-        return c - 'A' + 10;
-    return -1;
-}
-
 // HYPERLINK "url" [\l "bookmark"] [\o "tip"] [\t "frame"]: the link target, empty for other fields.
 QString hyperlinkTarget(const QString &instruction)
 {

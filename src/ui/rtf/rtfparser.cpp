@@ -16,6 +16,16 @@ bool toggle(const Token &t) { return !t.hasParam || t.param != 0; }
 // Indents and spacing beyond 22 inches are nonsense; keep them on the page.
 int twips(const Token &t) { return std::clamp(t.param, -31680, 31680); }
 
+// Control characters show nothing, and QTextDocument keeps U+FFFC for pictures and
+// U+FDD0/U+FDD1 for table frames: text must not forge them.
+bool isShowable(char16_t c)
+{
+    if (c < 0x20)
+        return c == u'\t';
+    return !(c >= 0x7F && c < 0xA0) && c != QChar::ObjectReplacementCharacter && c < 0xFFFE
+        && !(c >= 0xFDD0 && c <= 0xFDEF);
+}
+
 } // namespace
 
 Parser::Parser(QTextDocument &doc)
@@ -475,8 +485,7 @@ void Parser::appendBytes(std::string_view bytes)
     qsizetype n = 0;
     for (char b : bytes) {
         const char16_t ch = cp->map(static_cast<unsigned char>(b));
-        // Control characters, C0 and C1, carry nothing a reader should see.
-        if (ch >= 0xA0 || (ch >= 0x20 && ch < 0x7F) || ch == u'\t')
+        if (isShowable(ch))
             outp[n++] = ch;
     }
     m_scratch.truncate(n);
@@ -487,8 +496,9 @@ void Parser::flushBytes()
 {
     if (m_multiByte.isEmpty())
         return;
-    const QString s = m_multiByteCodepage->decode(m_multiByte);
+    QString s = m_multiByteCodepage->decode(m_multiByte);
     m_multiByte.clear();
+    s.removeIf([](QChar c) { return !isShowable(c.unicode()); });
     emitText(s);
 }
 
@@ -516,7 +526,9 @@ const Codepage *Parser::codepageFor(int font)
 
 void Parser::emitChar(char16_t c)
 {
-    if (c < 0x20 && c != u'\t')
+    if (c == QChar::ParagraphSeparator)
+        c = QChar::LineSeparator; // a paragraph break hidden in the text is a line break
+    if (!isShowable(c))
         return;
     const QChar ch(c);
     emitText(QStringView(&ch, 1));

@@ -2,11 +2,6 @@
 
 namespace sd::rtf {
 
-namespace {
-
-bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
-
 int hexValue(char c)
 {
     if (c >= '0' && c <= '9')
@@ -17,6 +12,11 @@ int hexValue(char c)
         return c - 'A' + 10;
     return -1;
 }
+
+namespace {
+
+bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 } // namespace
 

@@ -6,6 +6,9 @@
 
 namespace sd::rtf {
 
+/// Value of a hexadecimal digit, or -1.
+int hexValue(char c);
+
 enum class TokenType : quint8 {
     GroupOpen,
     GroupClose,
