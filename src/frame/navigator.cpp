@@ -49,7 +49,7 @@ ui::Screen *Navigator::open(const QString &code)
     m_pageStack.append(s);
     m_pages->setCurrentWidget(s);
     if (!m_host->isVisible())
-        m_host->show();
+        showHost();
     connect(s, &QObject::destroyed, this, &Navigator::forget);
     Q_EMIT screenShown(code);
     return s;
@@ -78,6 +78,19 @@ ui::Screen *Navigator::openModal(const QString &code, std::function<void()> onCl
     s->activateWindow();
     Q_EMIT screenShown(code);
     return s;
+}
+
+void Navigator::showHost()
+{
+    // A screen that cannot hold the design size with its window frame gets a maximised window.
+    const QScreen *screen = QGuiApplication::primaryScreen();
+    const QRect available = screen ? screen->availableGeometry() : QRect(0, 0, 1280, 1024);
+    if (available.width() < 1100 || available.height() < 830) {
+        m_host->showMaximized();
+        return;
+    }
+    m_host->move(available.center() - QPoint(m_host->width() / 2, m_host->height() / 2));
+    m_host->show();
 }
 
 void Navigator::showError(const QString &text)

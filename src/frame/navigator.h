@@ -65,6 +65,7 @@ Q_SIGNALS:
 
 private:
     ui::Screen *create(const QString &code);
+    void showHost();
     /// Drops a destroyed screen; compares QObject identity only, since a dying object is no
     /// longer a Screen.
     void forget(QObject *object);
