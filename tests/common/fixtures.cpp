@@ -148,6 +148,21 @@ void App::openPractice(const QString &kindLabel, int level, int exercise)
     click(QStringLiteral("lblEx%1").arg(exercise));
 }
 
+void App::openTestSection(int kind, const QString &code, const QString &test)
+{
+    state.PracticeMode = false;
+    state.TestMode = true;
+    state.ActivityIndex = 2;
+    state.PaperIndex = kind <= 4 ? 1 : 3;
+    state.ExerciseKind = kind;
+    state.LevelCode = test;
+    SelectDataFile(state, kind);
+    QCOMPARE(FindTestRecord(state), SearchResult::Found);
+    nav.open(code);
+    settle();
+    QCOMPARE(topCode(), code);
+}
+
 void App::settle()
 {
     for (int i = 0; i < 3; ++i) {
@@ -171,22 +186,21 @@ QStringList ScriptRun::eventNames(const QString &event) const
     return out;
 }
 
-QJsonObject ScriptRun::screen(const QString &name) const
+QJsonObject ScriptRun::screen(const QString &name, int dump) const
 {
-    for (auto it = events.crbegin(); it != events.crend(); ++it) {
-        if (it->value(QStringLiteral("event")).toString() != u"dump")
-            continue;
-        for (const QJsonValue &s : it->value(QStringLiteral("screens")).toArray())
-            if (s.toObject().value(QStringLiteral("name")).toString() == name)
-                return s.toObject();
-        return {};
-    }
+    QList<QJsonObject> dumps;
+    for (const QJsonObject &e : events)
+        if (e.value(QStringLiteral("event")).toString() == u"dump")
+            dumps.append(e);
+    for (const QJsonValue &s : dumps.value(dump < 0 ? dumps.size() - 1 : dump).value(QStringLiteral("screens")).toArray())
+        if (s.toObject().value(QStringLiteral("name")).toString() == name)
+            return s.toObject();
     return {};
 }
 
-QJsonObject ScriptRun::control(const QString &screenName, const QString &controlName) const
+QJsonObject ScriptRun::control(const QString &screenName, const QString &controlName, int dump) const
 {
-    for (const QJsonValue &c : screen(screenName).value(QStringLiteral("controls")).toArray())
+    for (const QJsonValue &c : screen(screenName, dump).value(QStringLiteral("controls")).toArray())
         if (c.toObject().value(QStringLiteral("name")).toString() == controlName)
             return c.toObject();
     return {};

@@ -65,6 +65,8 @@ public:
     void choose(const QString &name, const QString &itemText);
     /// Start screen -> practice -> kind label -> level -> exercise.
     void openPractice(const QString &kindLabel, int level, int exercise);
+    /// The kind's screen on test number `test` ("03") in test mode, as the section menu opens it.
+    void openTestSection(int kind, const QString &code, const QString &test);
     void settle();
 };
 
@@ -76,9 +78,9 @@ struct ScriptRun
     QString errors;
 
     QStringList eventNames(const QString &event) const;
-    /// The last dump's screen of that name, and a control of it.
-    QJsonObject screen(const QString &name) const;
-    QJsonObject control(const QString &screenName, const QString &controlName) const;
+    /// A screen of the n-th dump (from 0; the last dump when n < 0), and a control of it.
+    QJsonObject screen(const QString &name, int dump = -1) const;
+    QJsonObject control(const QString &screenName, const QString &controlName, int dump = -1) const;
 };
 ScriptRun runScript(const QString &dataDir, const QString &script, const QStringList &extraArgs = {});
 

@@ -4,7 +4,6 @@
 #include "readingdata.h"
 
 #include <QGuiApplication>
-#include <QJsonArray>
 #include <QPalette>
 #include <QTest>
 
@@ -12,21 +11,6 @@ using namespace sd;
 using namespace Qt::StringLiterals;
 
 namespace {
-/// A control as the n-th dump (from 0) saw it.
-QJsonObject dumped(const test::ScriptRun &run, int n, const QString &screen, const QString &control)
-{
-    for (const QJsonObject &e : run.events) {
-        if (e.value(u"event"_s).toString() != u"dump" || n-- > 0)
-            continue;
-        for (const QJsonValue &s : e.value(u"screens"_s).toArray())
-            for (const QJsonValue &c : s[u"controls"_s].toArray())
-                if (s[u"name"_s].toString() == screen && c[u"name"_s].toString() == control)
-                    return c.toObject();
-        return {};
-    }
-    return {};
-}
-
 QString practice(int kind, int level, int exercise, const QStringList &typed)
 {
     QString s = u"click lblPrac\nclick %1\nclick lblLevel%2\nclick lblEx%3\n"_s.arg(test::readingKindLabel(kind))
@@ -36,6 +20,12 @@ QString practice(int kind, int level, int exercise, const QStringList &typed)
         s += u"type Text%1 %2\n"_s.arg(i).arg(typed.at(i - 1));
     return s;
 }
+
+/// Text of a control as the n-th dump (from 0) saw it.
+QString dumpedText(const test::ScriptRun &run, int n, const QString &screen, const QString &control)
+{
+    return run.control(screen, control, n).value(u"text"_s).toString();
+}
 } // namespace
 
 class TestReadingEndToEnd : public QObject
@@ -44,77 +34,71 @@ class TestReadingEndToEnd : public QObject
 
 private Q_SLOTS:
     void initTestCase() { test::writeReadingExercises(dir); }
-    void practiceRun_data();
-    void practiceRun();
-    void missingPassage();
+    void practiceRun_data()
+    {
+        QTest::addColumn<int>("kind");
+        QTest::addColumn<int>("level");
+        QTest::addColumn<int>("exercise");
+        QTest::addColumn<QStringList>("typed");
+        QTest::addColumn<QString>("score");
+        QTest::addColumn<QString>("comment");
+        QTest::addColumn<QString>("sound");
+        QTest::addColumn<QString>("right"); // per question: Y in the window-text colour, N in red
+        QTest::newRow("typical: level 2, exercise 7")
+            << 2 << 2 << 7 << QStringList{u"b"_s, u"B"_s, u"a"_s, u"A"_s, u"c"_s, u"D"_s} << u"5 out of 6"_s
+            << u"A near miss - only one wrong"_s << u"happychime.wav"_s << u"YYYYYN"_s;
+        QTest::newRow("perfect score") << 2 << 2 << 7 << QStringList{u"B"_s, u"B"_s, u"A"_s, u"A"_s, u"C"_s, u"B"_s}
+                                       << u"6 out of 6"_s << u"Well done!"_s << u"fanfare1.wav"_s << u"YYYYYY"_s;
+        QTest::newRow("reconstruction") << 3 << 1 << 1 << QStringList{u"C"_s, u"A"_s, u"E"_s, u"B"_s, u"F"_s}
+                                        << u"4 out of 5"_s << u"A near miss - only one wrong"_s << u"happychime.wav"_s
+                                        << u"YYYYN"_s;
+        QTest::newRow("headings") << 1 << 1 << 1 << QStringList{u"b"_s, u"d"_s, u"a"_s, u"f"_s, u"c"_s, u"e"_s}
+                                  << u"6 out of 6"_s << u"Well done!"_s << u"fanfare1.wav"_s << u"YYYYYY"_s;
+        QTest::newRow("matching") << 4 << 1 << 1 << QStringList{u"B"_s, u"C"_s, u"A"_s, u"D"_s} << u"2 out of 5"_s
+                                  << u"Sorry, only some answers correct."_s << u"chord.wav"_s << u"YNNN"_s;
+    }
+    void practiceRun()
+    {
+        QFETCH(int, kind);
+        QFETCH(int, level);
+        QFETCH(int, exercise);
+        QFETCH(QStringList, typed);
+        QFETCH(QString, score);
+        QFETCH(QString, right);
+        const QString code = readingScreenCode(kind), window = readingCheckScreenCode(kind);
+        const test::ScriptRun run = test::runScript(dir.path(), practice(kind, level, exercise, typed)
+                                                                    + u"click Check\ndump\nclick seecorrect\ndump\nclick Quit\ndump\n"_s);
+        QCOMPARE(run.exitCode, 0);
+        QCOMPARE(dumpedText(run, 0, code, u"lblExid"_s), u"LEVEL %1   Exercise %2"_s.arg(level).arg(exercise));
+        QCOMPARE(dumpedText(run, 0, window, u"lblScore"_s), score);
+        QTEST(dumpedText(run, 0, window, u"Label4"_s), "comment");
+        QCOMPARE(run.control(window, u"tryagain"_s, 0)[u"visible"_s].toBool(), right.contains(u'N'));
+        QTEST(run.eventNames(u"sound"_s).join(u' '), "sound");
+        QCOMPARE(run.eventNames(u"closed"_s).value(0), window);
+
+        QCOMPARE(dumpedText(run, 1, code, u"lblScore"_s), u"Score: "_s + score);
+        const QString windowText = QGuiApplication::palette().color(QPalette::WindowText).name();
+        for (int i = 1; i <= right.size(); ++i) {
+            const QJsonObject key = run.control(code, u"lblAnswer%1"_s.arg(i), 1);
+            QVERIFY(key[u"visible"_s].toBool());
+            QCOMPARE(key[u"color"_s].toString(), right.at(i - 1) == u'Y' ? windowText : u"#ff0000"_s);
+        }
+        QVERIFY(!run.control(u"Pracchoice"_s, u"lblSelect1"_s, 2).isEmpty());
+    }
+
+    void missingPassage()
+    {
+        const test::ScriptRun run = test::runScript(dir.path(), practice(2, 1, 2, {}) + u"dump\nclick Quit\ndump\n"_s);
+        QCOMPARE(run.exitCode, 0);
+        QCOMPARE(dumpedText(run, 0, u"rcmc"_s, u"lblExid"_s), u"ERROR"_s);
+        QCOMPARE(dumpedText(run, 0, u"rcmc"_s, u"lblInstruction"_s), u"NO TEXT"_s);
+        QVERIFY(run.eventNames(u"beep"_s).isEmpty());
+        QVERIFY(!run.control(u"Pracchoice"_s, u"lblSelect1"_s, 1).isEmpty());
+    }
 
 private:
     test::DataDir dir;
 };
-
-void TestReadingEndToEnd::practiceRun_data()
-{
-    QTest::addColumn<int>("kind");
-    QTest::addColumn<int>("level");
-    QTest::addColumn<int>("exercise");
-    QTest::addColumn<QStringList>("typed");
-    QTest::addColumn<QString>("score");
-    QTest::addColumn<QString>("comment");
-    QTest::addColumn<QString>("sound");
-    QTest::addColumn<QString>("right"); // per question: Y in the window-text colour, N in red
-    QTest::newRow("typical: level 2, exercise 7")
-        << 2 << 2 << 7 << QStringList{u"b"_s, u"B"_s, u"a"_s, u"A"_s, u"c"_s, u"D"_s} << u"5 out of 6"_s
-        << u"A near miss - only one wrong"_s << u"happychime.wav"_s << u"YYYYYN"_s;
-    QTest::newRow("perfect score") << 2 << 2 << 7 << QStringList{u"B"_s, u"B"_s, u"A"_s, u"A"_s, u"C"_s, u"B"_s}
-                                   << u"6 out of 6"_s << u"Well done!"_s << u"fanfare1.wav"_s << u"YYYYYY"_s;
-    QTest::newRow("reconstruction") << 3 << 1 << 1 << QStringList{u"C"_s, u"A"_s, u"E"_s, u"B"_s, u"F"_s}
-                                    << u"4 out of 5"_s << u"A near miss - only one wrong"_s << u"happychime.wav"_s
-                                    << u"YYYYN"_s;
-    QTest::newRow("headings") << 1 << 1 << 1 << QStringList{u"b"_s, u"d"_s, u"a"_s, u"f"_s, u"c"_s, u"e"_s}
-                              << u"6 out of 6"_s << u"Well done!"_s << u"fanfare1.wav"_s << u"YYYYYY"_s;
-    QTest::newRow("matching") << 4 << 1 << 1 << QStringList{u"B"_s, u"C"_s, u"A"_s, u"D"_s} << u"2 out of 5"_s
-                              << u"Sorry, only some answers correct."_s << u"chord.wav"_s << u"YNNN"_s;
-}
-
-void TestReadingEndToEnd::practiceRun()
-{
-    QFETCH(int, kind);
-    QFETCH(int, level);
-    QFETCH(int, exercise);
-    QFETCH(QStringList, typed);
-    QFETCH(QString, score);
-    QFETCH(QString, right);
-    const QString code = readingScreenCode(kind), window = readingCheckScreenCode(kind);
-    const test::ScriptRun run = test::runScript(
-        dir.path(), practice(kind, level, exercise, typed) + u"click Check\ndump\nclick seecorrect\ndump\nclick Quit\ndump\n"_s);
-    QCOMPARE(run.exitCode, 0);
-    QCOMPARE(dumped(run, 0, code, u"lblExid"_s)[u"text"_s].toString(),
-             u"LEVEL %1   Exercise %2"_s.arg(level).arg(exercise));
-    QCOMPARE(dumped(run, 0, window, u"lblScore"_s)[u"text"_s].toString(), score);
-    QTEST(dumped(run, 0, window, u"Label4"_s)[u"text"_s].toString(), "comment");
-    QCOMPARE(dumped(run, 0, window, u"tryagain"_s)[u"visible"_s].toBool(), right.contains(u'N'));
-    QTEST(run.eventNames(u"sound"_s).join(u' '), "sound");
-    QCOMPARE(run.eventNames(u"closed"_s).value(0), window);
-
-    QCOMPARE(dumped(run, 1, code, u"lblScore"_s)[u"text"_s].toString(), u"Score: "_s + score);
-    const QString windowText = QGuiApplication::palette().color(QPalette::WindowText).name();
-    for (int i = 1; i <= right.size(); ++i) {
-        const QJsonObject key = dumped(run, 1, code, u"lblAnswer%1"_s.arg(i));
-        QVERIFY(key[u"visible"_s].toBool());
-        QCOMPARE(key[u"color"_s].toString(), right.at(i - 1) == u'Y' ? windowText : u"#ff0000"_s);
-    }
-    QVERIFY(!dumped(run, 2, u"Pracchoice"_s, u"lblSelect1"_s).isEmpty());
-}
-
-void TestReadingEndToEnd::missingPassage()
-{
-    const test::ScriptRun run = test::runScript(dir.path(), practice(2, 1, 2, {}) + u"dump\nclick Quit\ndump\n"_s);
-    QCOMPARE(run.exitCode, 0);
-    QCOMPARE(dumped(run, 0, u"rcmc"_s, u"lblExid"_s)[u"text"_s].toString(), u"ERROR"_s);
-    QCOMPARE(dumped(run, 0, u"rcmc"_s, u"lblInstruction"_s)[u"text"_s].toString(), u"NO TEXT"_s);
-    QVERIFY(run.eventNames(u"beep"_s).isEmpty());
-    QVERIFY(!dumped(run, 1, u"Pracchoice"_s, u"lblSelect1"_s).isEmpty());
-}
 
 QTEST_MAIN(TestReadingEndToEnd)
 #include "tst_reading_e2e.moc"

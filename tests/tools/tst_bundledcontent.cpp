@@ -81,90 +81,73 @@ class TestBundledContent : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void checkFindsNoErrors();
-    void fullMarksWithTheKey_data();
-    void fullMarksWithTheKey();
-    void nothingTypedScoresNothing_data() { fullMarksWithTheKey_data(); }
-    void nothingTypedScoresNothing();
-    void errorCorrectionTextsReadAsFifteenNumberedLines();
+    void initTestCase()
+    {
+        m_data = m_tmp.filePath(u"data"_s);
+        QVERIFY(test::buildQuietly(test::contentDir(), m_data));
+    }
+
+    void checkFindsNoErrors()
+    {
+        const data::CheckReport report = data::checkDataDirectory(m_data);
+        QCOMPARE(report.errors, QStringList());
+        for (const auto &[kind, file] : kKinds) {
+            const QString name = QString::fromLatin1(dataFileInfo(file).fileName);
+            const QRegularExpression row(name + uR"(\s+10/10\s+\d+/10\s+\d+/10\s+x01)"_s);
+            QVERIFY2(row.match(report.coverage).hasMatch(), qPrintable(report.coverage));
+        }
+    }
+
+    void fullMarksWithTheKeyNoneWithNothing_data()
+    {
+        QTest::addColumn<int>("kind");
+        QTest::addColumn<DataFile>("file");
+        QTest::addColumn<int>("record");
+        for (const auto &[kind, file] : kKinds) {
+            const qint64 count = QFileInfo(m_data + u'/' + QString::fromLatin1(dataFileInfo(file).fileName)).size()
+                                 / dataFileInfo(file).layout.length;
+            QVERIFY(count >= 11);
+            Program p(m_data);
+            for (int n = 1; n <= count; ++n) {
+                const QString key = p.record(file, n).value(0);
+                QTest::addRow("%s %s", qPrintable(data::kindCode(file)), qPrintable(key)) << kind << file << n;
+            }
+        }
+    }
+    void fullMarksWithTheKeyNoneWithNothing()
+    {
+        QFETCH(int, kind);
+        QFETCH(DataFile, file);
+        QFETCH(int, record);
+        Program withKey(m_data), empty(m_data);
+        const Result r = answer(withKey, kind, file, record, true);
+        QVERIFY(r.total >= 4);
+        QCOMPARE(r.score, r.total);
+        QCOMPARE(r.verdict, u"Well done!"_s);
+        const Result none = answer(empty, kind, file, record, false);
+        if (kind == 9) {
+            // An empty box says "this line is correct": only the three to five correct lines score.
+            QVERIFY2(none.score >= 3 && none.score <= 5, qPrintable(QString::number(none.score)));
+            return;
+        }
+        QCOMPARE(none.score, 0);
+        QCOMPARE(none.verdict, u"What happened?"_s);
+    }
+
+    void errorCorrectionTextsReadAsFifteenNumberedLines()
+    {
+        for (const QString &name : QDir(m_data).entryList({u"ueec*.txt"_s})) {
+            const QStringList lines = ReadNumberedLines(m_data + u'/' + name);
+            QCOMPARE(lines.size(), 15);
+            for (int i = 0; i < 15; ++i)
+                QVERIFY2(lines.at(i).startsWith(QString::number(i + 1) + u". "_s), qPrintable(lines.at(i)));
+        }
+    }
 
 private:
     QTemporaryDir m_tmp;
     QString m_data;
 };
-
-void TestBundledContent::initTestCase()
-{
-    m_data = m_tmp.filePath(u"data"_s);
-    QVERIFY(test::buildQuietly(test::contentDir(), m_data));
-}
-
-void TestBundledContent::checkFindsNoErrors()
-{
-    const data::CheckReport report = data::checkDataDirectory(m_data);
-    QCOMPARE(report.errors, QStringList());
-    for (const auto &[kind, file] : kKinds) {
-        const QString name = QString::fromLatin1(dataFileInfo(file).fileName);
-        const QRegularExpression row(name + uR"(\s+10/10\s+\d+/10\s+\d+/10\s+x01)"_s);
-        QVERIFY2(row.match(report.coverage).hasMatch(), qPrintable(report.coverage));
-    }
-}
-
-void TestBundledContent::fullMarksWithTheKey_data()
-{
-    QTest::addColumn<int>("kind");
-    QTest::addColumn<DataFile>("file");
-    QTest::addColumn<int>("record");
-    for (const auto &[kind, file] : kKinds) {
-        const qint64 count = QFileInfo(m_data + u'/' + QString::fromLatin1(dataFileInfo(file).fileName)).size()
-                             / dataFileInfo(file).layout.length;
-        QVERIFY(count >= 11);
-        Program p(m_data);
-        for (int n = 1; n <= count; ++n) {
-            const QString key = p.record(file, n).value(0);
-            QTest::addRow("%s %s", qPrintable(data::kindCode(file)), qPrintable(key)) << kind << file << n;
-        }
-    }
-}
-
-void TestBundledContent::fullMarksWithTheKey()
-{
-    QFETCH(int, kind);
-    QFETCH(DataFile, file);
-    QFETCH(int, record);
-    Program p(m_data);
-    const Result r = answer(p, kind, file, record, true);
-    QVERIFY(r.total >= 4);
-    QCOMPARE(r.score, r.total);
-    QCOMPARE(r.verdict, u"Well done!"_s);
-}
-
-void TestBundledContent::nothingTypedScoresNothing()
-{
-    QFETCH(int, kind);
-    QFETCH(DataFile, file);
-    QFETCH(int, record);
-    Program p(m_data);
-    const Result r = answer(p, kind, file, record, false);
-    if (kind == 9) {
-        // An empty box says "this line is correct": only the three to five correct lines score.
-        QVERIFY2(r.score >= 3 && r.score <= 5, qPrintable(QString::number(r.score)));
-        return;
-    }
-    QCOMPARE(r.score, 0);
-    QCOMPARE(r.verdict, u"What happened?"_s);
-}
-
-void TestBundledContent::errorCorrectionTextsReadAsFifteenNumberedLines()
-{
-    for (const QString &name : QDir(m_data).entryList({u"ueec*.txt"_s})) {
-        const QStringList lines = ReadNumberedLines(m_data + u'/' + name);
-        QCOMPARE(lines.size(), 15);
-        for (int i = 0; i < 15; ++i)
-            QVERIFY2(lines.at(i).startsWith(QString::number(i + 1) + u". "_s), qPrintable(lines.at(i)));
-    }
-}
 
 QTEST_MAIN(TestBundledContent)
 #include "tst_bundledcontent.moc"

@@ -1,7 +1,7 @@
 #pragma once
 
-// Small helpers shared by the Use of English screen tests: records of the gap layouts and a test
-// section opened the way the test paper's section menu opens it.
+// Small helpers shared by the Use of English screen tests: records of the gap layouts, their items,
+// and what the student sees.
 
 #include "common/fixtures.h"
 
@@ -20,23 +20,17 @@ inline QStringList gapRecord(const QString &code, const QString &name, const QSt
     return r;
 }
 
-/// Opens the kind's screen on test 1 in test mode, as the section menu does.
-inline void openTestSection(App &app, int kind, const QString &code)
-{
-    ProgramState &s = app.state;
-    s.PracticeMode = false;
-    s.TestMode = true;
-    s.ActivityIndex = 2;
-    s.PaperIndex = 3;
-    s.ExerciseKind = kind;
-    s.LevelCode = QStringLiteral("01");
-    s.DataDir = s.UseOfEnglishDir;
-    SelectDataFile(s, kind);
-    QCOMPARE(FindTestRecord(s), SearchResult::Found);
-    app.nav.open(code);
-    app.settle();
-    QCOMPARE(app.topCode(), code);
-}
+/// A multiple-choice cloze of ten gaps (the second of three alternatives) and an open cloze of twelve
+/// (some with a second accepted answer): the first alternative is the key.
+inline const QStringList choiceItems{
+    QStringLiteral("decided/thought/wanted/planned"), QStringLiteral("out/up/off/"), QStringLiteral("feet/legs/heels/toes"),
+    QStringLiteral("give/put/take/set"), QStringLiteral("keep/hold/stay/remain"), QStringLiteral("get/make/do/earn"),
+    QStringLiteral("from/off/away/out"), QStringLiteral("love/like/heart/passion"),
+    QStringLiteral("mind/care/worry/object"), QStringLiteral("so/such/too/very")};
+inline const QStringList openItems{
+    QStringLiteral("on///"),  QStringLiteral("rather/sooner//"), QStringLiteral("who/that//"), QStringLiteral("like///"),
+    QStringLiteral("so///"),  QStringLiteral("that/this//"),     QStringLiteral("for///"),    QStringLiteral("up///"),
+    QStringLiteral("not///"), QStringLiteral("its///"),          QStringLiteral("as///"),     QStringLiteral("into///")};
 
 /// Whether the student sees the control (on the topmost screen).
 inline bool shows(const App &app, const QString &name)

@@ -74,8 +74,7 @@ private Q_SLOTS:
     void splitAlternatives()
     {
         QFETCH(QString, item);
-        QFETCH(QString, parts);
-        QCOMPARE(joined(SplitAlternatives(item)), parts);
+        QTEST(joined(SplitAlternatives(item)), "parts");
     }
 
     void shuffleFour()
@@ -110,12 +109,11 @@ private Q_SLOTS:
     void shuffleThree()
     {
         QFETCH(QString, order);
-        QFETCH(QList<int>, draws);
         QList<int> found;
         for (int k = 1; k <= 12; ++k)
             if (joined(ShuffleThree(k, {u"A"_s, u"B"_s, u"C"_s, QString()}), 3) == order)
                 found.append(k);
-        QCOMPARE(found, draws);
+        QTEST(found, "draws");
     }
 
     void everyDrawReseedsAndKeepsTheKey()
@@ -151,11 +149,10 @@ private Q_SLOTS:
     {
         QFETCH(int, kind);
         QFETCH(QStringList, extra);
-        QFETCH(int, count);
         Program p;
         QStringList all(10, u"a/b/c/d"_s);
         prepare(p.state, kind, all + extra);
-        QCOMPARE(int(p.state.GapCount), count);
+        QTEST(int(p.state.GapCount), "count");
     }
 
     void normalisers_data()
@@ -171,10 +168,8 @@ private Q_SLOTS:
     void normalisers()
     {
         QFETCH(QString, text);
-        QFETCH(QString, collapsed);
-        QFETCH(QString, noCommas);
-        QCOMPARE(CollapseSpaces(text), collapsed);
-        QCOMPARE(RemoveCommas(text), noCommas);
+        QTEST(CollapseSpaces(text), "collapsed");
+        QTEST(RemoveCommas(text), "noCommas");
     }
 
     void comparisons_data()
@@ -219,7 +214,7 @@ private Q_SLOTS:
         QTest::addColumn<int>("verdict");
         const int rows[][3] = {{10, 10, 1}, {10, 9, 2}, {10, 8, 3}, {10, 7, 4}, {10, 5, 5}, {10, 3, 6}, {10, 2, 7},
                                {15, 15, 1}, {15, 14, 2}, {15, 12, 3}, {15, 11, 4}, {15, 8, 5}, {15, 5, 6}, {15, 4, 7},
-                               {1, 0, 2}};
+                               {12, 9, 3}, {12, 8, 4}, {12, 6, 5}, {12, 4, 6}, {12, 3, 7}, {1, 0, 2}};
         for (const auto &r : rows)
             QTest::addRow("%d of %d", r[1], r[0]) << r[0] << r[1] << r[2];
     }
@@ -227,21 +222,7 @@ private Q_SLOTS:
     {
         QFETCH(int, gaps);
         QFETCH(int, score);
-        QFETCH(int, verdict);
-        QCOMPARE(GapVerdict(score, gaps), verdict);
-    }
-
-    void verdictsAgreeWithIntOfFactors()
-    {
-        const double factors[] = {0.74, 0.59, 0.49, 0.29};
-        for (int n = 1; n <= 20; ++n)
-            for (int s = 0; s < n - 1; ++s) {
-                int expected = 7;
-                for (int i = 3; i >= 0; --i)
-                    if (s > int(n * factors[i]))
-                        expected = 3 + i;
-                QCOMPARE(GapVerdict(s, n), expected);
-            }
+        QTEST(GapVerdict(score, gaps), "verdict");
     }
 
     void wrongAnswerListGrowsAcrossChecks()

@@ -21,18 +21,9 @@ class TestUoeScripts : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        dir.writeRecords(DataFile::Ueca,
-                         {gapRecord(u"101"_s, u"surf"_s,
-                                    {u"decided/thought/wanted/planned"_s, u"out/up/off/"_s, u"feet/legs/heels/toes"_s,
-                                     u"give/put/take/set"_s, u"keep/hold/stay/remain"_s, u"get/make/do/earn"_s,
-                                     u"from/off/away/out"_s, u"love/like/heart/passion"_s, u"mind/care/worry/object"_s,
-                                     u"so/such/too/very"_s})});
+        dir.writeRecords(DataFile::Ueca, {gapRecord(u"101"_s, u"surf"_s, choiceItems)});
         dir.writeRtf(u"surf"_s, u"My cousin (1) me to try surfing."_s);
-        QStringList open;
-        for (const char *w : {"on///", "rather/sooner//", "who/that//", "like///", "so///", "that/this//", "for///",
-                              "up///", "not///", "its///"})
-            open.append(QString::fromLatin1(w));
-        dir.writeRecords(DataFile::Uecb, {gapRecord(u"101"_s, u"sign"_s, open)});
+        dir.writeRecords(DataFile::Uecb, {gapRecord(u"101"_s, u"sign"_s, openItems.mid(0, 10))});
         dir.writeRtf(u"sign"_s, u"I was not very keen (1) the idea."_s);
         dir.writeRecords(DataFile::Ueec, {gapRecord(u"101"_s, u"letter"_s, {QString(), u"have"_s, u"more"_s})});
         QString letter;
@@ -46,7 +37,6 @@ private Q_SLOTS:
         QTest::addColumn<QString>("screen");
         QTest::addColumn<QString>("answers");     // script lines before the first check
         QTest::addColumn<QString>("secondTry");   // changes before the second check
-        QTest::addColumn<QStringList>("sounds");
         QTest::addColumn<QList<int>>("marks");
         QTest::addColumn<Texts>("texts");
 
@@ -55,7 +45,7 @@ private Q_SLOTS:
                      "choose Combo9 mind\nchoose Combo10 so\n"_s;
         QTest::newRow("multiple-choice cloze")
             << u"ueca"_s << mc << u"choose Combo2 out\nchoose Combo3 legs\nchoose Combo4 put\n"_s
-            << QStringList{u"happychime.wav"_s, u"happychime.wav"_s, u"happychime.wav"_s} << QList<int>{}
+            << QList<int>{}
             << Texts{{u"Text3"_s, u"feet"_s}, {u"lblScore"_s, u"Score: 8 out of 10"_s}};
 
         QTest::newRow("open cloze")
@@ -63,13 +53,13 @@ private Q_SLOTS:
             << u"type Text1 on\ntype Text2 Sooner\ntype Text3 which\ntype Text4 like\ntype Text5 so\n"
                "type Text6 this\ntype Text7 for\ntype Text8 up\ntype Text9 no\ntype Text10 its\n"_s
             << u"type Text9 not\ntype Text1 in\n"_s
-            << QStringList{u"happychime.wav"_s, u"happychime.wav"_s, u"happychime.wav"_s} << QList<int>{3}
+            << QList<int>{3}
             << Texts{{u"Correct2"_s, u"sooner"_s}, {u"Correct3"_s, u"who"_s}, {u"lblScore"_s, u"Score: 8 out of 10"_s},
                      {u"lblNote"_s, u" One correct answer is given. There may be alternatives. "_s}};
 
         QTest::newRow("error correction")
             << u"ueec"_s << u"type Text2 have\ntype Text3 most\ntype Text5 a\nclick Check1\n"_s << u"type Text3 MORE\n"_s
-            << QStringList{u"happychime.wav"_s, u"happychime.wav"_s, u"happychime.wav"_s} << QList<int>{5}
+            << QList<int>{5}
             << Texts{{u"Correct3"_s, u"more"_s}, {u"lblScore"_s, u"Score: 14 out of 15"_s}};
     }
     void checkTryAgainAndSeeAnswers()
@@ -77,7 +67,6 @@ private Q_SLOTS:
         QFETCH(QString, screen);
         QFETCH(QString, answers);
         QFETCH(QString, secondTry);
-        QFETCH(QStringList, sounds);
         QFETCH(QList<int>, marks);
         QFETCH(Texts, texts);
 
@@ -87,7 +76,7 @@ private Q_SLOTS:
         const ScriptRun run = runScript(dir.path(), script);
         QVERIFY2(run.exitCode == 0, qPrintable(run.errors + run.eventNames(u"error"_s).join(u' ')));
         QCOMPARE(run.eventNames(u"shown"_s).count(u"uecheck"_s), 3);
-        QCOMPARE(run.eventNames(u"sound"_s), sounds);
+        QCOMPARE(run.eventNames(u"sound"_s), QStringList(3, u"happychime.wav"_s)); // a near miss or a good pass
         QVERIFY(!run.screen(screen).isEmpty());
         QVERIFY(run.screen(u"uecheck"_s).isEmpty());
         for (int n = 1; n <= 15; ++n)
