@@ -1,6 +1,8 @@
 #pragma once
 
 #include "appscreen.h"
+#include "core/datafiles.h"
+#include "core/state.h"
 
 #include <QLabel>
 
@@ -43,6 +45,18 @@ protected:
     /// Default: stop the clock and close, back to the menu below.
     virtual void onQuit();
 
+    /// Reads the record in hand (CurrentRecord) from data file 1, then closes the file, whether the
+    /// read worked or not: the screen has taken what it needs from it.
+    template<typename R>
+    R readRecord(DataFile file)
+    {
+        struct Closer
+        {
+            ProgramState &s;
+            ~Closer() { CloseDataFile(s); }
+        } closer{state};
+        return ReadRecordAs<R>(state, file, state.CurrentRecord);
+    }
     /// Shows the load failure: "ERROR" in lblExid and "NO TEXT" as the instruction.
     void showLoadError();
     /// Headings from the activity, paper and kind names, in capitals.

@@ -27,8 +27,7 @@ QString rcma::instruction() const
 
 ReadingScreen::Exercise rcma::readExercise()
 {
-    const auto r = ReadRecordAs<RecordB>(state, dataFile(), state.CurrentRecord);
-    CloseDataFile(state);
+    const auto r = readRecord<RecordB>(dataFile());
 
     lblTitle->setText(r.Title);
     QString sheet = r.Title;

@@ -92,8 +92,7 @@ QStringList ReadingScreen::splitKey(const QString &key) const
 
 ReadingScreen::Exercise ReadingScreen::readExercise()
 {
-    const auto r = ReadRecordAs<RecordA>(state, m_file, state.CurrentRecord);
-    CloseDataFile(state);
+    const auto r = readRecord<RecordA>(m_file);
     return {r.Name, r.Text[1], r.Answers};
 }
 

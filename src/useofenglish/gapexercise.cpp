@@ -104,18 +104,6 @@ void GapExerciseScreen::setGapTabOrder(const QList<QWidget *> &chain)
         QWidget::setTabOrder(all.at(i - 1), all.at(i));
 }
 
-RecordB GapExerciseScreen::readGapRecord(DataFile file)
-{
-    try {
-        RecordB r = ReadRecordAs<RecordB>(state, file, state.CurrentRecord);
-        CloseDataFile(state);
-        return r;
-    } catch (const ProgramError &) {
-        CloseDataFile(state);
-        throw;
-    }
-}
-
 void GapExerciseScreen::beginLoad(const QString &instruction)
 {
     setHeadings();

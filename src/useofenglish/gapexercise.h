@@ -57,8 +57,6 @@ protected:
     void onHelp() override;
     QList<QTextDocument *> printableDocuments() override;
 
-    /// Reads the record in hand with the file's reader and closes the data file, also on failure.
-    RecordB readGapRecord(DataFile file);
     /// Headings, exercise id, instruction, the buttons of the mode, the clock picture by the clock
     /// setting, the visited section of a test, and the row numbers "1." to "15.".
     void beginLoad(const QString &instruction);

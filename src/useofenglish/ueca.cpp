@@ -25,7 +25,7 @@ ueca::ueca(ProgramState &s, Navigator &nav) : GapExerciseScreen(QStringLiteral("
 
 void ueca::load()
 {
-    const RecordD r = readGapRecord(DataFile::Ueca);
+    const RecordD r = readRecord<RecordD>(DataFile::Ueca);
     beginLoad(QStringLiteral("Complete the passage by selecting one alternative for each gap."));
     loadPassage(r.Name);
     PrepareChoiceGaps(state, kind(), r.Item);

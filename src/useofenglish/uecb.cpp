@@ -29,7 +29,7 @@ uecb::uecb(ProgramState &s, Navigator &nav) : GapExerciseScreen(QStringLiteral("
 
 void uecb::load()
 {
-    const RecordD r = readGapRecord(DataFile::Uecb);
+    const RecordD r = readRecord<RecordD>(DataFile::Uecb);
     beginLoad(QStringLiteral("Complete the passage by writing ONE word") + QChar(13) + QStringLiteral("in each box."));
     loadPassage(r.Name);
     PrepareOpenGaps(state, kind(), r.Item);

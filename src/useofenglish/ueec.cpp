@@ -43,7 +43,7 @@ ueec::ueec(ProgramState &s, Navigator &nav) : GapExerciseScreen(QStringLiteral("
 
 void ueec::load()
 {
-    const RecordF r = readGapRecord(DataFile::Ueec);
+    const RecordF r = readRecord<RecordF>(DataFile::Ueec);
     beginLoad(QStringLiteral("If you think the line contains an extra word, type it in the box on the left."));
     lblInstruction2->setText(QStringLiteral("If you think the line is correct, click on the box on the right."));
     QStringList lines;
