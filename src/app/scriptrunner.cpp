@@ -104,6 +104,13 @@ void ScriptSound::play(const QString &path)
     printJson(m_out, {{QStringLiteral("event"), QStringLiteral("sound")}, {QStringLiteral("file"), fileNameOnly(path)}});
 }
 
+void ScriptSound::missing(const QString &fileName)
+{
+    printJson(m_out, {{QStringLiteral("event"), QStringLiteral("sound")},
+                      {QStringLiteral("file"), fileName},
+                      {QStringLiteral("missing"), true}});
+}
+
 void ScriptSound::beep()
 {
     printJson(m_out, {{QStringLiteral("event"), QStringLiteral("beep")}});

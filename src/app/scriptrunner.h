@@ -20,6 +20,7 @@ class ScriptSound final : public SoundOutput
 public:
     explicit ScriptSound(QTextStream &out) : m_out(out) {}
     void play(const QString &path) override;
+    void missing(const QString &fileName) override;
     void stop() override {}
     void beep() override;
 

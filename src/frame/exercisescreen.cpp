@@ -49,7 +49,11 @@ ExerciseScreen::ExerciseScreen(const QString &code, ProgramState &s, Navigator &
     lblTime = imgTime->caption();
     imgTime->setToolTip(QStringLiteral("Time so far and time remaining"));
 
-    onClick(Check, [this] { onCheck(); });
+    // An exercise that was never shown is never scored.
+    onClick(Check, [this] {
+        if (!m_loadFailed)
+            onCheck();
+    });
     onClick(Printing, [this] { onPrint(); });
     onClick(Help, [this] { onHelp(); });
     onClick(Quit, [this] { onQuit(); });
@@ -84,6 +88,8 @@ void ExerciseScreen::showLoadError()
     m_loadFailed = true;
     lblExid->setText(QStringLiteral("ERROR"));
     lblInstruction->setText(QStringLiteral("NO TEXT"));
+    Check->hide();
+    lblCheck->hide();
 }
 
 QString ExerciseScreen::dropLeadingZero(const QString &code)

@@ -15,8 +15,7 @@ Helpform::Helpform(ProgramState &s, Navigator &nav) : AppScreen(QStringLiteral("
     m_text = new RichTextBox(this);
     m_text->setObjectName(QStringLiteral("RichTextBox1"));
     place(m_text, QRect(20, 20, 720, 480));
-    const QString topic = s.DataDir + s.HelpTopic;
-    if (!m_text->loadFile(topic + QStringLiteral(".rtf")))
+    if (!m_text->loadDataFile(s.DataDir, s.HelpTopic + QStringLiteral(".rtf")))
         m_text->setPlainMessage(QStringLiteral("ERROR - File not found"));
 
     ui::ImageButton *print = addButton(QStringLiteral("Printing"), QStringLiteral("print"), QRect(160, 512, 52, 52),
@@ -25,7 +24,7 @@ Helpform::Helpform(ProgramState &s, Navigator &nav) : AppScreen(QStringLiteral("
                                        QStringLiteral("lblAbout"), QStringLiteral("About StudyDesk"));
     ui::ImageButton *quit = addButton(QStringLiteral("Quit"), QStringLiteral("exit"), QRect(548, 512, 52, 52),
                                       QStringLiteral("lblQuit"), QStringLiteral("Exit"));
-    onClick(print, [this, topic] { printHelpText(state, this, topic + QStringLiteral(".txt")); });
+    onClick(print, [this] { printHelpText(state, this, state.HelpTopic + QStringLiteral(".txt")); });
     onClick(about, [this] { this->nav().openModal(QStringLiteral("About")); });
     onClick(quit, [this] { closeScreen(); });
 }

@@ -24,6 +24,7 @@ Intro::Intro(ProgramState &s, Navigator &nav) : AppScreen(QStringLiteral("Intro"
     setBackgroundPicture(QStringLiteral("background"));
     // Filled once, here, and never reset: the start directory, the name tables, the help topic.
     auto *file1 = new QLabel(this);
+    file1->setTextFormat(Qt::PlainText);
     file1->setObjectName(QStringLiteral("File1"));
     file1->setText(s.StartDir);
     file1->hide();
@@ -199,6 +200,9 @@ void Pracchoice::chooseExercise(int n)
             nav().showError(QStringLiteral("Not found"));
             return;
         }
+    } catch (const FileTooLargeError &e) {
+        nav().showError(e.message());
+        return;
     } catch (const ProgramError &) {
         // The kind's data file is missing or cannot be read.
         nav().showError(QStringLiteral("No file"));

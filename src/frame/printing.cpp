@@ -87,11 +87,11 @@ bool printLetterPage(ProgramState &state, QWidget *parent)
     return runPrintJob(state, parent, QStringLiteral("Letter"), [&state](PrinterDevice &) { PrintLetterPage(state); });
 }
 
-bool printHelpText(ProgramState &state, QWidget *parent, const QString &path)
+bool printHelpText(ProgramState &state, QWidget *parent, const QString &name)
 {
     QStringList lines;
     try {
-        lines = ReadHelpText(path);
+        lines = ReadHelpText(state.DataDir, name);
     } catch (const ProgramError &) {
         tellStudent(parent, QStringLiteral("No file"));
         return false;

@@ -31,8 +31,8 @@ bool printScreenImage(ProgramState &state, QWidget *screen);
 /// The composition (or letter) page of the composition state.
 bool printCompositionPage(ProgramState &state, QWidget *parent);
 bool printLetterPage(ProgramState &state, QWidget *parent);
-/// Prints a help text file (10 point, not bold, each line as read). A missing file prints nothing
-/// and shows "No file".
-bool printHelpText(ProgramState &state, QWidget *parent, const QString &path);
+/// Prints the help text file `name` of the data directory (10 point, not bold, each line as read). A
+/// missing file prints nothing and shows "No file".
+bool printHelpText(ProgramState &state, QWidget *parent, const QString &name);
 
 } // namespace sd

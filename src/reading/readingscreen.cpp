@@ -116,7 +116,7 @@ void ReadingScreen::load()
     }
 
     loadPassage(ex.passage);
-    if (RichTextBox2 && !RichTextBox2->loadFile(state.DataDir + ex.sheet + QStringLiteral(".rtf")))
+    if (RichTextBox2 && !RichTextBox2->loadDataFile(state.DataDir, ex.sheet + QStringLiteral(".rtf")))
         throw ProgramError(QStringLiteral("No file"));
 
     hideScoreAndAnswers();
@@ -159,10 +159,10 @@ void ReadingScreen::load()
 
 void ReadingScreen::loadPassage(const QString &base)
 {
-    if (!RichTextBox1->loadFile(state.DataDir + base + QStringLiteral(".rtf")))
+    if (!RichTextBox1->loadDataFile(state.DataDir, base + QStringLiteral(".rtf")))
         throw ProgramError(QStringLiteral("No file"));
     // A missing web page leaves the rich-text passage in view.
-    const bool web = state.ShowWebPages && WebBrowser1->loadFile(state.DataDir + base + QStringLiteral(".htm"));
+    const bool web = state.ShowWebPages && WebBrowser1->loadDataFile(state.DataDir, base + QStringLiteral(".htm"));
     RichTextBox1->setVisible(!web);
     WebBrowser1->setVisible(web);
 }

@@ -18,6 +18,7 @@ void setTextColour(QLabel *label, const QColor &c)
 
 ImageButton::ImageButton(const QString &icon, QWidget *parent) : QLabel(parent), m_icon(icon)
 {
+    setTextFormat(Qt::PlainText);
     setAlignment(Qt::AlignCenter);
     setCursor(Qt::PointingHandCursor);
     setFocusPolicy(Qt::TabFocus);
@@ -150,8 +151,10 @@ void ImageButton::changeEvent(QEvent *e)
         m_caption->setEnabled(isEnabled());
 }
 
-MenuLabel::MenuLabel(const QString &text, QWidget *parent) : QLabel(text, parent)
+MenuLabel::MenuLabel(const QString &text, QWidget *parent) : QLabel(parent)
 {
+    setTextFormat(Qt::PlainText);
+    setText(text);
     setCursor(Qt::PointingHandCursor);
     setFocusPolicy(Qt::TabFocus);
     setMouseTracking(true);

@@ -1,5 +1,6 @@
 #include "ui/richtextbox.h"
 
+#include "ui/files/datapath.h"
 #include "ui/rtf/rtfreader.h"
 
 #include <QPagedPaintDevice>
@@ -25,6 +26,17 @@ bool RichTextBox::loadFile(const QString &path)
     }
     moveCursor(QTextCursor::Start);
     return true;
+}
+
+bool RichTextBox::loadDataFile(const QString &dataDir, const QString &name)
+{
+    const DataPath p = resolveDataFile(dataDir, name);
+    if (!p.ok()) {
+        m_lastMessage = p.reason;
+        clear();
+        return false;
+    }
+    return loadFile(p.path);
 }
 
 void RichTextBox::setPlainMessage(const QString &message)

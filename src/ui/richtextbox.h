@@ -17,6 +17,8 @@ public:
     /// Shows the file. False, with the box left empty, when it is missing or not readable RTF;
     /// a damaged file whose first part can be read is shown and counts as loaded.
     bool loadFile(const QString &path);
+    /// Loads `name` from the data directory `dataDir` through the data-file resolver.
+    bool loadDataFile(const QString &dataDir, const QString &name);
     /// Shows a plain message in place of a document.
     void setPlainMessage(const QString &message);
     /// Prints the whole content, not only what is scrolled into view (a QPrinter will do).

@@ -60,7 +60,10 @@ void Screen::applyPlacement(QWidget *w, const Placement &p)
 QLabel *Screen::addLabel(const QString &name, const QString &text, QRect rect, qreal fontPt, bool bold,
                          Qt::Alignment align)
 {
-    auto *l = new QLabel(text, this);
+    auto *l = new QLabel(this);
+    // Text from data files is shown as it is written: never as markup that could load a file.
+    l->setTextFormat(Qt::PlainText);
+    l->setText(text);
     l->setObjectName(name);
     l->setAlignment(align);
     l->setWordWrap(true);
@@ -115,6 +118,7 @@ QLabel *Screen::addHeadingPlate(int n, const QString &text, QRect rect)
 QLabel *Screen::addPicture(const QString &name, const QString &pictureName, QRect rect)
 {
     auto *l = new QLabel(this);
+    l->setTextFormat(Qt::PlainText);
     l->setObjectName(name);
     l->setScaledContents(false);
     m_placements[l].picture = pictureName;

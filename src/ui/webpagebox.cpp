@@ -1,8 +1,12 @@
 #include "ui/webpagebox.h"
 
+#include "ui/files/datapath.h"
+
+#include <QBuffer>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
+#include <QImage>
+#include <QImageReader>
 #include <QStringDecoder>
 #include <QUrl>
 
@@ -21,25 +25,76 @@ WebPageBox::WebPageBox(QWidget *parent)
 
 bool WebPageBox::loadFile(const QString &path)
 {
-    QFile file(path);
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) {
+    const QFileInfo info(path);
+    const DataPath p = resolveDataFile(info.absolutePath(), info.fileName());
+    return show(p.ok() ? p.path : QString(), QFileInfo(info.absolutePath()).canonicalFilePath());
+}
+
+bool WebPageBox::loadDataFile(const QString &dataDir, const QString &name)
+{
+    const DataPath p = resolveDataFile(dataDir, name);
+    return show(p.ok() ? p.path : QString(), QFileInfo(dataDir).canonicalFilePath());
+}
+
+bool WebPageBox::show(const QString &path, const QString &root)
+{
+    const FileBytes file = path.isEmpty() ? FileBytes{{}, FileRefusal::Missing, {}} : readBounded(path, MaxTextBytes);
+    if (!file.ok()) {
         clear();
         m_file.clear();
+        m_root.clear();
         return false;
     }
-    const QByteArray bytes = file.readAll();
+    const QByteArray &bytes = file.bytes;
     // Pages saved by old editors are in Windows-1252 and often say nothing about it.
     QStringDecoder decoder = QStringDecoder::decoderForHtml(bytes);
     QString html = decoder.isValid() ? decoder.decode(bytes) : QString();
     if (!decoder.isValid() || decoder.hasError())
         html = QStringDecoder("windows-1252").decode(bytes);
 
-    const QFileInfo info(path);
-    m_file = info.absoluteFilePath();
-    setSearchPaths({info.absolutePath()});
-    document()->setBaseUrl(QUrl::fromLocalFile(info.absolutePath() + u'/'));
+    m_file = path;
+    m_root = root;
+    setSearchPaths({root});
+    document()->setBaseUrl(QUrl::fromLocalFile(root + u'/'));
     setHtml(html);
     return true;
+}
+
+QString WebPageBox::localName(const QUrl &url) const
+{
+    if (m_root.isEmpty() || !(url.scheme().isEmpty() || url.isLocalFile()))
+        return QString();
+    const QString path = url.isLocalFile() ? url.toLocalFile() : url.path();
+    if (path.isEmpty())
+        return QString();
+    const QFileInfo info(QDir(m_root).filePath(path));
+    // Only names in the page's own directory; the resolver then checks links and the file itself.
+    if (QDir::cleanPath(info.absolutePath()) != m_root)
+        return QString();
+    return info.fileName();
+}
+
+QVariant WebPageBox::loadResource(int type, const QUrl &name)
+{
+    const QString local = localName(name);
+    if (local.isEmpty())
+        return QVariant(); // never the network, never another folder
+    const FileBytes file = readDataFile(m_root, local, MaxRtfBytes);
+    if (!file.ok())
+        return QVariant();
+    if (type == QTextDocument::ImageResource) {
+        QBuffer buffer;
+        buffer.setData(file.bytes);
+        buffer.open(QIODevice::ReadOnly);
+        QImageReader reader(&buffer);
+        const QSize size = reader.size();
+        if (size.isValid() && qint64(size.width()) * size.height() > MaxPicturePixels)
+            return QVariant();
+        return reader.read();
+    }
+    if (type == QTextDocument::StyleSheetResource)
+        return file.bytes;
+    return QVariant();
 }
 
 void WebPageBox::followLink(const QUrl &url)
@@ -48,13 +103,11 @@ void WebPageBox::followLink(const QUrl &url)
         scrollToAnchor(url.fragment());
         return;
     }
-    if (url.scheme().isEmpty() || url.isLocalFile()) {
-        const QUrl target = QUrl::fromLocalFile(m_file).resolved(url);
-        if (target.isLocalFile() && QFileInfo(target.toLocalFile()).isFile()) {
-            if (loadFile(target.toLocalFile()) && target.hasFragment())
-                scrollToAnchor(target.fragment());
-            return;
-        }
+    const QString local = localName(QUrl::fromLocalFile(m_file).resolved(url));
+    if (!local.isEmpty() && resolveDataFile(m_root, local).ok()) {
+        if (loadDataFile(m_root, local) && url.hasFragment())
+            scrollToAnchor(url.fragment());
+        return;
     }
     Q_EMIT externalLinkClicked(url);
 }

@@ -123,9 +123,8 @@ void GapExerciseScreen::beginLoad(const QString &instruction)
 
 void GapExerciseScreen::loadPassage(const QString &name)
 {
-    const QString path = state.DataDir + name + QStringLiteral(".rtf");
-    if (!RichTextBox1->loadFile(path))
-        throw ProgramError(QStringLiteral("File not found: %1").arg(path));
+    if (!RichTextBox1->loadDataFile(state.DataDir, name + QStringLiteral(".rtf")))
+        throw ProgramError(QStringLiteral("File not found: %1.rtf").arg(name));
 }
 
 void GapExerciseScreen::hideUnusedRows()
@@ -141,6 +140,8 @@ void GapExerciseScreen::hideUnusedRows()
 
 void GapExerciseScreen::finishLoad()
 {
+    if (state.GapCount <= 0)
+        throw ProgramError(QStringLiteral("No gaps"));
     HideMarks();
     if (state.TestMode) {
         // The marks of a test show this section's last answers only, never another section's.

@@ -46,11 +46,13 @@ void ueec::load()
     const RecordF r = readRecord<RecordF>(DataFile::Ueec);
     beginLoad(QStringLiteral("If you think the line contains an extra word, type it in the box on the left."));
     lblInstruction2->setText(QStringLiteral("If you think the line is correct, click on the box on the right."));
-    QStringList lines;
-    if (r.Name.isEmpty())
+    if (r.Name.isEmpty()) {
         QTimer::singleShot(0, this, [this] { nav().showError(QStringLiteral("No file name")); });
-    else
-        lines = ReadNumberedLines(state.DataDir + r.Name + QStringLiteral(".txt"));
+        throw ProgramError(QStringLiteral("No file name"));
+    }
+    const QStringList lines = ReadNumberedLines(state.DataDir, r.Name + QStringLiteral(".txt"));
+    if (lines.isEmpty())
+        throw ProgramError(QStringLiteral("No text"));
     for (int n = 1; n <= 15; ++n)
         lbl[n]->setText(n <= lines.size() ? lines.at(n - 1) : QString());
     PrepareLineGaps(state, kind(), r.Item);

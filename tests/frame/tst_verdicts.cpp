@@ -6,7 +6,9 @@
 #include "frame/core/state.h"
 #include "frame/core/verdicts.h"
 
+#include <QFile>
 #include <QSet>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <algorithm>
@@ -98,10 +100,19 @@ private Q_SLOTS:
         QFETCH(int, index);
         QFETCH(QString, clip);
         Program p;
-        p.s.setDataDir(QStringLiteral("/data"));
+        QTemporaryDir dir;
+        p.s.setDataDir(dir.path());
         QTEST(p.s.VerdictTexts[index], "text");
+        // A clip that is not there plays nothing and says so.
         PlaySound(p.s, index);
-        QCOMPARE(p.sound.events, QStringList{QStringLiteral("/data/") + clip});
+        QCOMPARE(p.sound.events, QStringList{QStringLiteral("missing:") + clip});
+        p.sound.events.clear();
+        QFile f(dir.filePath(clip));
+        QVERIFY(f.open(QIODevice::WriteOnly));
+        f.write(QByteArray("RIFF\x24\0\0\0WAVE", 12));
+        f.close();
+        PlaySound(p.s, index);
+        QCOMPARE(p.sound.events, QStringList{dir.filePath(clip)});
         QVERIFY_THROWS_EXCEPTION(RangeError, PlaySound(p.s, 11));
     }
 

@@ -137,7 +137,7 @@ private Q_SLOTS:
     void errorCorrectionTextsReadAsFifteenNumberedLines()
     {
         for (const QString &name : QDir(m_data).entryList({u"ueec*.txt"_s})) {
-            const QStringList lines = ReadNumberedLines(m_data + u'/' + name);
+            const QStringList lines = ReadNumberedLines(m_data, name);
             QCOMPARE(lines.size(), 15);
             for (int i = 0; i < 15; ++i)
                 QVERIFY2(lines.at(i).startsWith(QString::number(i + 1) + u". "_s), qPrintable(lines.at(i)));

@@ -160,8 +160,7 @@ private Q_SLOTS:
         QTest::addColumn<QString>("error"); // on the error screen, if any
         QTest::addColumn<QString>("exid");
         QTest::newRow("choice cloze: missing passage") << u"lblueca"_s << 2 << QString() << u"ERROR"_s;
-        QTest::newRow("error correction: no file name") << u"lblueec"_s << 2 << u"No file name"_s
-                                                        << u"LEVEL 1   Exercise 2"_s;
+        QTest::newRow("error correction: no file name") << u"lblueec"_s << 2 << u"No file name"_s << u"ERROR"_s;
         QTest::newRow("error correction: a text of 21 lines") << u"lblueec"_s << 3 << QString() << u"ERROR"_s;
     }
     void loadFailures()
@@ -180,6 +179,8 @@ private Q_SLOTS:
         QCOMPARE(app->topCode(), kindLabel.mid(3));
         QCOMPARE(app->text(u"lblExid"_s), exid);
         QCOMPARE(app->text(u"lblInstruction"_s).startsWith(u"NO TEXT"_s), exid == u"ERROR");
+        // An exercise that was not shown can never be scored.
+        QCOMPARE(shows(*app, u"Check"_s), exid != u"ERROR");
     }
 
     void clockFollowsSetting_data()

@@ -24,6 +24,13 @@ public:
     using ProgramError::ProgramError;
 };
 
+/// A data file over the program's limits (more than 32,767 records, or more bytes than they take).
+class FileTooLargeError : public ProgramError
+{
+public:
+    using ProgramError::ProgramError;
+};
+
 class RangeError : public ProgramError
 {
 public:

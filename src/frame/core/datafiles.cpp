@@ -1,7 +1,9 @@
 #include "datafiles.h"
 
 #include "state.h"
+#include "ui/files/datapath.h"
 
+#include <QFileInfo>
 #include <QStringDecoder>
 #include <QStringEncoder>
 
@@ -184,13 +186,22 @@ void SelectDataFile(ProgramState &s, int kind)
 }
 
 namespace {
-void openOnHandle(ProgramState &s, const QString &path)
+/// Opens a data file of the data directory on handle 1: only a regular file inside the directory,
+/// and no larger than the largest file of 32,767 records.
+void openOnHandle(ProgramState &s, const QString &name)
 {
     QFile &h = s.Files.handle();
     h.close();
-    h.setFileName(path);
-    if (!h.open(QIODevice::ReadOnly))
+    const DataPath p = resolveDataFile(s.DataDir, name);
+    if (!p.ok())
         throw ProgramError(QStringLiteral("No file"));
+    if (QFileInfo(p.path).size() > MaxDataFileBytes)
+        throw FileTooLargeError(QStringLiteral("File too large"));
+    h.setFileName(p.path);
+    if (!h.open(QIODevice::ReadOnly) || h.isSequential()) {
+        h.close();
+        throw ProgramError(QStringLiteral("No file"));
+    }
 }
 } // namespace
 
@@ -198,15 +209,15 @@ void OpenDataFile(ProgramState &s)
 {
     if (s.DataFileName.isEmpty())
         return;
-    openOnHandle(s, s.DataDir + s.DataFileName);
+    openOnHandle(s, s.DataFileName);
 }
 
 void OpenNamedDataFile(ProgramState &s, QString &name)
 {
     if (name.isEmpty())
         return;
-    name = s.DataDir + name;
     openOnHandle(s, name);
+    name = s.DataDir + name;
 }
 
 void CloseDataFile(ProgramState &s)
@@ -225,7 +236,7 @@ void CountRecords(ProgramState &s, CountFor which)
     const double quotient = double(h.size()) / double(s.RecordLength.value());
     const double rounded = std::nearbyint(quotient); // default rounding mode: to nearest, ties to even
     if (rounded > 32767.0)
-        throw OverflowError(QStringLiteral("Overflow: %1 records").arg(rounded));
+        throw FileTooLargeError(QStringLiteral("File too large"));
     s.RecordCount = qint64(rounded);
     switch (which) {
     case CountFor::Search: s.SearchRecordCount = s.RecordCount; break;

@@ -4,6 +4,8 @@
 #include "printerdevice.h"
 #include "state.h"
 
+#include "ui/files/datapath.h"
+
 #include <QFile>
 
 namespace sd {
@@ -184,12 +186,12 @@ void PrintLetterPage(ProgramState &state)
     printPage(state, state.LetterHeading, state.LetterText);
 }
 
-QStringList ReadHelpText(const QString &path)
+QStringList ReadHelpText(const QString &dataDir, const QString &name)
 {
-    QFile f(path);
-    if (!f.open(QIODevice::ReadOnly))
-        throw ProgramError(QStringLiteral("File not found: %1").arg(path));
-    QString text = decodeSingleByte(f.readAll());
+    const FileBytes f = readDataFile(dataDir, name, MaxTextBytes);
+    if (!f.ok())
+        throw ProgramError(QStringLiteral("File not found: %1").arg(name));
+    QString text = decodeSingleByte(f.bytes);
     text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     text.replace(CarriageReturn, LineFeed);
     if (text.endsWith(LineFeed))

@@ -55,7 +55,8 @@ private:
 void PrintCompositionPage(ProgramState &state);
 /// The same for the letter state.
 void PrintLetterPage(ProgramState &state);
-/// The lines of a help text file as read; throws ProgramError when it cannot be read.
-QStringList ReadHelpText(const QString &path);
+/// The lines of the help text file `name` of the data directory as read; throws ProgramError when it
+/// cannot be read.
+QStringList ReadHelpText(const QString &dataDir, const QString &name);
 
 } // namespace sd

@@ -12,6 +12,8 @@ class SoundOutput
 public:
     virtual ~SoundOutput() = default;
     virtual void play(const QString &path) = 0;
+    /// A clip that was asked for but is missing or unreadable: nothing plays.
+    virtual void missing(const QString &fileName) { Q_UNUSED(fileName); }
     virtual void stop() = 0;
     virtual void beep() = 0;
 };
@@ -49,6 +51,7 @@ class RecordingSound final : public SoundOutput
 {
 public:
     void play(const QString &path) override { events.append(path); }
+    void missing(const QString &fileName) override { events.append(QStringLiteral("missing:") + fileName); }
     void stop() override {}
     void beep() override { events.append(QStringLiteral("beep")); }
     QStringList events;

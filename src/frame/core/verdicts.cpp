@@ -2,6 +2,10 @@
 
 #include "services.h"
 #include "state.h"
+#include "ui/files/datapath.h"
+
+#include <QFile>
+#include <QFileInfo>
 
 namespace sd {
 
@@ -82,7 +86,18 @@ void PlaySound(ProgramState &s, int index)
 void PlayNamedSound(ProgramState &s, const QString &fileName)
 {
     s.Sound.stop();
-    s.Sound.play(s.DataDir + fileName);
+    // Only a wave file of the data directory within its size limit is handed to the sound output.
+    const DataPath p = resolveDataFile(s.DataDir, fileName);
+    bool playable = p.ok() && QFileInfo(p.path).size() <= MaxSoundBytes;
+    if (playable) {
+        QFile f(p.path);
+        const QByteArray head = f.open(QIODevice::ReadOnly) ? f.read(12) : QByteArray();
+        playable = head.size() == 12 && head.startsWith("RIFF") && head.endsWith("WAVE");
+    }
+    if (playable)
+        s.Sound.play(p.path);
+    else
+        s.Sound.missing(fileName);
 }
 
 QString verdictPicture(int index)

@@ -2,10 +2,13 @@
 // fields and hyperlinks, pictures, list text and legacy numbering, bookmarks and footnotes.
 #include "ui/rtf/rtfparser.h"
 
+#include "ui/files/datapath.h"
 #include "ui/rtf/rtfcodepage.h"
 #include "ui/rtf/rtftokenizer.h"
 
+#include <QBuffer>
 #include <QImage>
+#include <QImageReader>
 #include <QTextDocument>
 
 using namespace Qt::StringLiterals;
@@ -323,16 +326,35 @@ void Parser::pictureData(std::string_view hex)
     }
 }
 
+namespace {
+/// Decodes a picture only when its size, read from its header, is within the limit: a small file
+/// can claim a huge bitmap.
+QImage decodePicture(const QByteArray &data, const char *format, bool *tooLarge)
+{
+    QBuffer buffer;
+    buffer.setData(data);
+    buffer.open(QIODevice::ReadOnly);
+    QImageReader reader(&buffer, format);
+    const QSize size = reader.size();
+    if (size.isValid() && qint64(size.width()) * size.height() > MaxPicturePixels) {
+        *tooLarge = true;
+        return QImage();
+    }
+    return reader.read();
+}
+} // namespace
+
 void Parser::finishPicture(const State &s)
 {
     Picture p = std::exchange(m_picture, Picture{});
     if (s.chr.hidden)
         return;
     QImage image;
+    bool tooLarge = false;
     if (p.kind == Kw::PngBlip || p.kind == Kw::JpegBlip) {
-        image.loadFromData(p.data, p.kind == Kw::PngBlip ? "PNG" : "JPEG");
-        if (image.isNull())
-            image.loadFromData(p.data); // some writers label one kind as the other
+        image = decodePicture(p.data, p.kind == Kw::PngBlip ? "PNG" : "JPEG", &tooLarge);
+        if (image.isNull() && !tooLarge)
+            image = decodePicture(p.data, nullptr, &tooLarge); // some writers label one kind as the other
     }
     if (!s.note)
         startParagraph();
@@ -341,7 +363,7 @@ void Parser::finishPicture(const State &s)
         // Metafiles and device bitmaps cannot be shown; say where the picture was.
         CharProps c = s.chr;
         c.italic = true;
-        b.text(u"[picture]", c, s.para);
+        b.text(tooLarge ? u"[picture too large]" : u"[picture]", c, s.para);
         return;
     }
     // \picwgoal is in twips, 15 to a screen pixel; a bitmap's \picw is in pixels.

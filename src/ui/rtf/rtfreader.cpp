@@ -1,19 +1,14 @@
 #include "ui/rtf/rtfreader.h"
 
+#include "ui/files/datapath.h"
 #include "ui/rtf/rtfparser.h"
 
-#include <QFile>
 #include <QTextCursor>
 #include <QTextDocument>
 
 using namespace Qt::StringLiterals;
 
 namespace sd::rtf {
-
-namespace {
-// Passages and question sheets are a few hundred kilobytes; anything this big is not one.
-constexpr qint64 kMaxFileSize = 256LL * 1024 * 1024;
-} // namespace
 
 ReadResult readRtf(const QByteArray &data, QTextDocument &doc)
 {
@@ -38,16 +33,12 @@ ReadResult readRtf(const QByteArray &data, QTextDocument &doc)
 
 ReadResult readRtfFile(const QString &path, QTextDocument &doc)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
+    const FileBytes file = readBounded(path, MaxRtfBytes);
+    if (!file.ok()) {
         doc.clear();
-        return {false, false, u"Cannot open %1: %2"_s.arg(path, file.errorString())};
+        return {false, false, file.reason};
     }
-    if (file.size() > kMaxFileSize) {
-        doc.clear();
-        return {false, false, u"%1 is too large to be a text file."_s.arg(path)};
-    }
-    return readRtf(file.readAll(), doc);
+    return readRtf(file.bytes, doc);
 }
 
 } // namespace sd::rtf

@@ -4,6 +4,8 @@
 #include "frame/core/state.h"
 #include "frame/core/verdicts.h"
 
+#include "ui/files/datapath.h"
+
 #include <QFile>
 
 namespace sd {
@@ -119,23 +121,23 @@ int GapVerdict(int score, int gapCount)
     return VerdictRuleA(gapCount, score);
 }
 
-QStringList ReadNumberedLines(const QString &path)
+QStringList ReadNumberedLines(const QString &dataDir, const QString &name)
 {
-    QFile f(path);
-    if (!f.open(QIODevice::ReadOnly))
-        throw ProgramError(QStringLiteral("File not found: %1").arg(path));
-    QString text = decodeSingleByte(f.readAll());
+    const FileBytes f = readDataFile(dataDir, name, MaxTextBytes);
+    if (!f.ok())
+        throw ProgramError(QStringLiteral("File not found: %1").arg(name));
+    QString text = decodeSingleByte(f.bytes);
     text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     text.replace(u'\r', u'\n');
     if (text.endsWith(u'\n'))
         text.chop(1);
     QStringList lines;
-    if (text.isEmpty() && f.size() == 0)
+    if (f.bytes.isEmpty())
         return lines;
     const QStringList raw = text.split(u'\n');
     for (qsizetype c = 1; c <= raw.size(); ++c) {
         if (c > 20)
-            throw RangeError(QStringLiteral("Subscript out of range: line %1 of %2").arg(c).arg(path));
+            throw RangeError(QStringLiteral("Subscript out of range: line %1 of %2").arg(c).arg(name));
         const QString &line = raw.at(c - 1);
         lines.append(line.trimmed().isEmpty() ? QString() : QString::number(c) + QStringLiteral(". ") + line);
     }

@@ -48,7 +48,7 @@ int OpenClozeMatches(const QString &answer, const Alternatives &accepted);
 int GapVerdict(int score, int gapCount);
 
 /// Lines of an error-correction text: "c. line" for line c, blank lines kept empty. Throws
-/// ProgramError when the file cannot be read or holds more than 20 lines.
-QStringList ReadNumberedLines(const QString &path);
+/// ProgramError when the file `name` of the data directory cannot be read or holds more than 20 lines.
+QStringList ReadNumberedLines(const QString &dataDir, const QString &name);
 
 } // namespace sd
