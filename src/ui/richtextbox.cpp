@@ -20,7 +20,11 @@ bool RichTextBox::loadFile(const QString &path)
 {
     const rtf::ReadResult result = rtf::readRtfFile(path, *document());
     m_lastMessage = result.message;
-    if (!result.ok) {
+    // A file that reads as nothing at all is no passage: say so rather than show an empty page.
+    const bool empty = result.ok && document()->toPlainText().trimmed().isEmpty();
+    if (empty)
+        m_lastMessage = QStringLiteral("The file holds no text.");
+    if (!result.ok || empty) {
         clear();
         return false;
     }

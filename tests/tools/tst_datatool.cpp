@@ -99,8 +99,12 @@ private Q_SLOTS:
     void initTestCase()
     {
         const QString src = m_tmp.filePath(u"content"_s);
-        test::copyContent(src, {u"rcmc/101.md"_s, u"rcmc/102.md"_s, u"ueec/101.md"_s, u"help/helpgen.md"_s,
-                                u"help/helpprog.md"_s, u"help/helprcmc.md"_s, u"help/helpueec.md"_s});
+        // One exercise of every kind a menu offers (the checker requires their files), two of one.
+        test::copyContent(src, {u"rcmc/101.md"_s, u"rcmc/102.md"_s, u"ueec/101.md"_s, u"rche/104.md"_s,
+                                u"rcre/104.md"_s, u"rcma/102.md"_s, u"ueca/103.md"_s, u"uecb/104.md"_s,
+                                u"help/helpgen.md"_s, u"help/helpprog.md"_s, u"help/helprcmc.md"_s,
+                                u"help/helpueec.md"_s, u"help/helprche.md"_s, u"help/helprcre.md"_s,
+                                u"help/helprcma.md"_s, u"help/helpueca.md"_s, u"help/helpuecb.md"_s});
         m_good = m_tmp.filePath(u"data"_s);
         QVERIFY(test::buildQuietly(src, m_good));
     }
@@ -111,7 +115,7 @@ private Q_SLOTS:
         QTest::addColumn<QStringList>("expected");
         QTest::newRow("good directory") << Fault::None << QStringList();
         QTest::newRow("short file") << Fault::ShortFile << QStringList{
-            u"pracrcmc.dat: 1172 bytes is not a whole number of 836-byte records; the last record has only 336 bytes"_s};
+            u"pracrcmc.dat: record 2 (key 102) is cut short: 336 of 836 bytes"_s};
         QTest::newRow("duplicated key") << Fault::DuplicateKey << QStringList{
             u"pracrcmc.dat: key 101: repeated in record 3; the program only finds the first"_s};
         QTest::newRow("missing passage") << Fault::MissingPassage << QStringList{

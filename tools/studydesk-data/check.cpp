@@ -1,6 +1,7 @@
 #include "check.h"
 
 #include "recordrules.h"
+#include "ui/files/datapath.h"
 #include "ui/rtf/rtfreader.h"
 
 #include "frame/core/services.h"
@@ -68,6 +69,43 @@ QString textFileFault(const QByteArray &bytes, int mostLines, int widest, QStrin
     return {};
 }
 
+/// The data files of the kinds whose screens the program has: a menu offers them, so each must be
+/// there and hold records. The others are reported as not covered.
+bool requiredFile(DataFile file)
+{
+    switch (file) {
+    case DataFile::Rche:
+    case DataFile::Rcmc:
+    case DataFile::Rcre:
+    case DataFile::Rcma:
+    case DataFile::Ueca:
+    case DataFile::Uecb:
+    case DataFile::Ueec: return true;
+    default: return false;
+    }
+}
+
+/// Text that a label would show with its tags: markup has no place in a data field.
+QString markupFault(const QString &text)
+{
+    static const QRegularExpression markup(u"<\\s*[A-Za-z/!?]|&[A-Za-z]+;|&#[0-9]+;"_s);
+    const QRegularExpressionMatch m = markup.match(text);
+    if (!m.hasMatch())
+        return {};
+    return u"holds markup (\"%1\"); the screen shows it as typed"_s.arg(text.mid(m.capturedStart(), 12));
+}
+
+/// Rich text that reads as control characters or undecodable bytes is no passage a student can read.
+QString unreadableText(const QString &text)
+{
+    for (const QChar c : text) {
+        const char16_t u = c.unicode();
+        if ((u < 0x20 && u != u'\n' && u != u'\t') || u == 0xFFFD)
+            return u"holds unreadable characters (U+%1), not text"_s.arg(QString::number(u, 16).toUpper().rightJustified(4, u'0'));
+    }
+    return {};
+}
+
 class Checker
 {
 public:
@@ -115,27 +153,57 @@ void Checker::checkFile(DataFile file)
 {
     const DataFileInfo &info = dataFileInfo(file);
     QString name = QString::fromLatin1(info.fileName);
-    if (!m_dir.exists(name))
+    const DataPath where = resolveDataFile(m_dir.path(), name);
+    if (where.refusal == FileRefusal::Missing) {
+        if (requiredFile(file))
+            m_errors << name + u": is missing; its menu entries would all say \"No file\""_s;
         return;
+    }
     m_present.insert(file);
+    if (!where.ok()) {
+        m_errors << name + u": cannot be opened: "_s + where.reason;
+        return;
+    }
     const int length = info.layout.length;
-    const qint64 size = QFileInfo(m_dir.filePath(name)).size();
-    if (size % length != 0)
-        m_errors << u"%1: %2 bytes is not a whole number of %3-byte records; the last record has only %4 bytes"_s
-                        .arg(name).arg(size).arg(length).arg(size % length);
+    const qint64 size = QFileInfo(where.path).size();
+    if (size == 0) {
+        m_errors << name + u": is empty"_s;
+        return;
+    }
+    if (size > MaxDataFileBytes) {
+        m_errors << name + u": file too large: %1; the program reads at most %2"_s.arg(describeSize(size), describeSize(MaxDataFileBytes));
+        return;
+    }
+    if (size / length > 32767) {
+        m_errors << name + u": file too large: %1 records; the program reads at most 32767"_s.arg(size / length);
+        return;
+    }
     // Read as the program reads: handle 1, the count rounded, the file's own record reader.
+    int count = 0;
     try {
         m_state.RecordLength = length;
-        OpenNamedDataFile(m_state, name);
+        QString opened = name;
+        OpenNamedDataFile(m_state, opened);
         CountRecords(m_state, CountFor::Search);
-        const int count = m_state.SearchRecordCount;
+        count = m_state.SearchRecordCount;
         for (int n = 1; n <= count; ++n) {
             const QStringList fields = ReadRecord(m_state, file, n);
             checkRecord(file, n, fields, m_state.Files.reader(file).buffer());
         }
         CloseDataFile(m_state);
     } catch (const ProgramError &e) {
-        m_errors << QString::fromLatin1(info.fileName) + u": cannot be read: "_s + e.message();
+        CloseDataFile(m_state);
+        m_errors << name + u": cannot be read: "_s + e.message();
+    }
+    if (size % length != 0) {
+        // Name the cut record the way a teacher finds it: by number and by the key it starts with.
+        const qint64 last = size / length + 1;
+        QFile f(where.path);
+        QString key;
+        if (f.open(QIODevice::ReadOnly) && f.seek((last - 1) * length))
+            key = decodeSingleByte(f.read(qMin<qint64>(size % length, 6))).trimmed();
+        m_errors << u"%1: record %2 (key %3) is cut short: %4 of %5 bytes"_s.arg(name).arg(last)
+                        .arg(key.isEmpty() ? u"unreadable"_s : key).arg(size % length).arg(length);
     }
     if (file != DataFile::Comp && file != DataFile::ExamUewb)
         checkHelp(kindCode(file));
@@ -164,6 +232,13 @@ void Checker::checkRecord(DataFile file, int n, const QStringList &fields, const
             m_errors << where + u": "_s + fieldName(layout.fields[i])
                             + u": the text fills all %1 characters of the field, so it may have been cut off"_s.arg(width);
     }
+    for (int i = 1; i < layout.fieldCount; ++i) {
+        const QString name = fieldName(layout.fields[i]);
+        if (name == u"Name"_s || name == u"Answers"_s)
+            continue;
+        if (const QString fault = markupFault(fields.value(i)); !fault.isEmpty())
+            m_errors << where + u": "_s + name + u": "_s + fault;
+    }
     for (const FieldProblem &p : checkFields(file, fields))
         m_errors << where + u": "_s + p.field + u": "_s + p.message;
     for (const FileReference &ref : referencedFiles(file, fields))
@@ -174,22 +249,29 @@ QString Checker::fileFault(const QString &name)
 {
     if (auto it = m_fileFaults.find(name); it != m_fileFaults.end())
         return it->second;
+    // The same resolver and limits as the program: what passes here is what the screens open.
     QString fault;
-    QFile file(m_dir.filePath(name));
-    if (!file.exists()) {
+    const bool rtf = name.endsWith(u".rtf"_s);
+    const FileBytes file = readDataFile(m_dir.path(), name, rtf ? MaxRtfBytes : MaxTextBytes);
+    if (file.refusal == FileRefusal::Missing) {
         fault = u"is missing"_s;
-    } else if (!file.open(QIODevice::ReadOnly)) {
-        fault = u"cannot be opened"_s;
-    } else if (name.endsWith(u".rtf"_s)) {
+    } else if (!file.ok()) {
+        fault = u"cannot be opened: "_s + file.reason;
+    } else if (rtf) {
         QTextDocument doc;
-        const rtf::ReadResult r = rtf::readRtf(file.readAll(), doc);
+        const rtf::ReadResult r = rtf::readRtf(file.bytes, doc);
+        const QString text = doc.toPlainText();
         if (!r.ok || r.partial)
             fault = u"cannot be read as rich text: "_s + r.message;
-        else if (doc.toPlainText().trimmed().isEmpty())
+        else if (text.trimmed().isEmpty())
             fault = u"holds no text"_s;
+        else if (const QString bad = unreadableText(text); !bad.isEmpty())
+            fault = bad;
+        else if (text.contains(u"[picture too large]"_s))
+            fault = u"holds a picture over %1 million pixels, which is not shown"_s.arg(MaxPicturePixels / 1000000);
     } else if (name.endsWith(u".htm"_s)) {
         QTextDocument doc;
-        doc.setHtml(QString::fromUtf8(file.readAll()));
+        doc.setHtml(QString::fromUtf8(file.bytes));
         if (doc.toPlainText().trimmed().isEmpty())
             fault = u"holds no text"_s;
     }
@@ -206,10 +288,9 @@ void Checker::checkReference(const QString &where, const FileReference &ref, Dat
     }
     if (!ref.fileName.endsWith(u".txt"_s))
         return;
-    QFile text(m_dir.filePath(ref.fileName));
-    text.open(QIODevice::ReadOnly);
+    const FileBytes text = readDataFile(m_dir.path(), ref.fileName, MaxTextBytes);
     QStringList lines;
-    if (const QString fault = textFileFault(text.readAll(), kMostTextLines, kWidestTextLine, &lines); !fault.isEmpty()) {
+    if (const QString fault = textFileFault(text.bytes, kMostTextLines, kWidestTextLine, &lines); !fault.isEmpty()) {
         m_errors << prefix + fault;
         return;
     }
@@ -230,11 +311,11 @@ void Checker::checkHelp(const QString &code)
     const QString base = u"help"_s + code;
     if (const QString fault = fileFault(base + u".rtf"_s); !fault.isEmpty())
         m_errors << base + u".rtf "_s + fault;
-    QFile text(m_dir.filePath(base + u".txt"_s));
+    const FileBytes text = readDataFile(m_dir.path(), base + u".txt"_s, MaxTextBytes);
     QStringList lines;
-    if (!text.open(QIODevice::ReadOnly))
-        m_errors << base + u".txt is missing"_s;
-    else if (const QString fault = textFileFault(text.readAll(), 0, kHelpWidth, &lines); !fault.isEmpty())
+    if (!text.ok())
+        m_errors << base + u".txt "_s + (text.refusal == FileRefusal::Missing ? u"is missing"_s : text.reason);
+    else if (const QString fault = textFileFault(text.bytes, 0, kHelpWidth, &lines); !fault.isEmpty())
         m_errors << base + u".txt "_s + fault;
 }
 
@@ -244,11 +325,14 @@ void Checker::checkSounds()
     for (int i = 1; i <= 9; ++i)
         clips.insert(m_state.SoundFiles[i]);
     for (const QString &clip : clips) {
-        QFile file(m_dir.filePath(clip));
-        if (!file.open(QIODevice::ReadOnly)) {
-            m_errors << clip + u" is missing"_s;
+        const DataPath p = resolveDataFile(m_dir.path(), clip);
+        QFile file(p.path);
+        if (!p.ok() || !file.open(QIODevice::ReadOnly)) {
+            m_errors << clip + (p.refusal == FileRefusal::Missing ? u" is missing"_s : u" cannot be opened: "_s + p.reason);
             continue;
         }
+        if (file.size() > MaxSoundBytes)
+            m_errors << clip + u" is too large (%1; at most %2)"_s.arg(describeSize(file.size()), describeSize(MaxSoundBytes));
         const QByteArray head = file.read(12);
         if (!head.startsWith("RIFF") || head.mid(8, 4) != "WAVE")
             m_errors << clip + u" is not a WAVE file"_s;
@@ -272,7 +356,7 @@ QString Checker::coverage() const
         }
         QString row = u"%1 %2 %3 "_s.arg(kind, 2).arg(kindName, -24).arg(QString::fromLatin1(dataFileInfo(file).fileName), -13);
         if (!m_present.count(file)) {
-            rows << row + u"no file"_s;
+            rows << row + (requiredFile(file) ? u"no file"_s : u"not covered"_s);
             continue;
         }
         const auto it = m_keys.find(file);

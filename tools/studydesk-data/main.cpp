@@ -16,7 +16,24 @@ namespace {
 
 void print(FILE *to, const QString &text)
 {
-    std::fputs(text.toLocal8Bit().constData(), to);
+    const QByteArray bytes = text.toLocal8Bit();
+    std::fwrite(bytes.constData(), 1, std::size_t(bytes.size()), to);
+}
+
+/// One message line with the control characters that came from data written as \x1b: a
+/// terminal never acts on them, and a NUL cuts nothing short.
+QString escaped(const QString &line)
+{
+    QString out;
+    out.reserve(line.size());
+    for (const QChar c : line) {
+        const char16_t u = c.unicode();
+        if (u < 0x20 || (u >= 0x7f && u < 0xa0))
+            out += u"\\x"_s + QString::number(u, 16).rightJustified(2, u'0');
+        else
+            out += c;
+    }
+    return out;
 }
 
 /// Qt's own notes about the machine (no runtime directory, no screen) are no concern of a teacher.
@@ -41,7 +58,7 @@ int build(const QString &source, const QString &out)
     sd::data::BuildSummary made;
     const bool ok = sd::data::buildDataDirectory(source, out, problems, &made);
     for (const QString &p : std::as_const(problems))
-        print(stderr, p + u'\n');
+        print(stderr, escaped(p) + u'\n');
     if (!ok) {
         print(stderr, u"%1 problems; nothing was written\n"_s.arg(problems.size()));
         return 1;
@@ -56,7 +73,7 @@ int check(const QString &dir)
 {
     const sd::data::CheckReport report = sd::data::checkDataDirectory(dir);
     for (const QString &e : report.errors)
-        print(stdout, e + u'\n');
+        print(stdout, escaped(e) + u'\n');
     if (!report.errors.isEmpty())
         print(stdout, u"\n"_s);
     print(stdout, report.coverage);
@@ -68,7 +85,10 @@ int show(const QString &dir, const QString &file, const QString &key)
 {
     QString out;
     const bool found = sd::data::showRecord(dir, file, key, &out);
-    print(found ? stdout : stderr, found ? out : out + u'\n');
+    QStringList lines = out.split(u'\n');
+    for (QString &line : lines)
+        line = escaped(line);
+    print(found ? stdout : stderr, lines.join(u'\n') + (found ? QString() : u"\n"_s));
     return found ? 0 : 1;
 }
 
