@@ -127,13 +127,14 @@ int main(int argc, char **argv)
         }
     }
 
-    // Every job goes to --print-to when given. A script never prints on a real printer nor asks
-    // for a file: without --print-to its jobs are dropped.
+    // Every job goes to --print-to when given. A script never prints on a real printer: without
+    // --print-to its jobs go to the PDF save dialog, which a script answers with save-as.
+    if (!scripted)
+        state.SaveAs = std::make_unique<sd::QtSaveDialog>();
     sd::QtPrinter::Options printing;
     printing.printTo = parser.value(printTo);
     printing.usePrinters = !scripted;
-    if (!scripted)
-        printing.choosePdf = &sd::QtPrinter::askForPdfFile;
+    printing.choosePdf = [&state] { return sd::QtPrinter::askForPdfFile(*state.SaveAs); };
     auto printer = std::make_unique<sd::QtPrinter>(printing);
     if (runner)
         printer->jobEnded = [r = runner.get()](const QString &file, int pages) { r->reportPrint(file, pages); };

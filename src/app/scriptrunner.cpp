@@ -22,6 +22,8 @@
 #include <QTextEdit>
 #include <QTimer>
 
+#include <optional>
+
 namespace sd {
 
 namespace {
@@ -73,12 +75,25 @@ void printJson(QTextStream &out, const JsonFields &fields)
     out.flush();
 }
 
-void sendMouse(QWidget *w, QEvent::Type type)
+/// A mouse event at `at` (the middle of the control by default): the left button goes down on a
+/// press and is up after a release; a move holds no button.
+void sendMouse(QWidget *w, QEvent::Type type, std::optional<QPointF> at = std::nullopt)
 {
-    const QPointF local(w->width() / 2.0, w->height() / 2.0);
-    QMouseEvent e(type, local, w->mapToGlobal(local), Qt::LeftButton,
-                  type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
+    const QPointF local = at.value_or(QPointF(w->width() / 2.0, w->height() / 2.0));
+    const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+    const Qt::MouseButtons held = type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton;
+    QMouseEvent e(type, local, w->mapToGlobal(local), button, held, Qt::NoModifier);
     QApplication::sendEvent(w, &e);
+}
+
+/// A point of the screen's own background, where no control lies.
+std::optional<QPointF> backgroundPoint(QWidget *screen)
+{
+    for (int y = 2; y < screen->height(); y += 8)
+        for (int x = 2; x < screen->width(); x += 8)
+            if (!screen->childAt(x, y))
+                return QPointF(x, y);
+    return std::nullopt;
 }
 
 void sendKey(QWidget *w, int key, const QString &text = {}, Qt::KeyboardModifiers mods = Qt::NoModifier)
@@ -189,6 +204,30 @@ void ScriptRunner::fail(const QString &message)
     QCoreApplication::exit(2);
 }
 
+QWidget *ScriptRunner::usable(const QString &name, const QString &verb)
+{
+    QWidget *w = control(name);
+    if (w && (!w->isVisible() || !w->isEnabled())) {
+        fail(QStringLiteral("%1 cannot be %2: it is %3").arg(name, verb, w->isVisible() ? QStringLiteral("disabled") : QStringLiteral("hidden")));
+        return nullptr;
+    }
+    return w;
+}
+
+void ScriptRunner::moveOnto(QWidget *w)
+{
+    // The pointer leaves what it was over and enters the new control, as on a real screen.
+    if (m_hovered && m_hovered != w) {
+        QEvent leave(QEvent::Leave);
+        QApplication::sendEvent(m_hovered, &leave);
+    }
+    if (w && m_hovered != w) {
+        QEnterEvent enter(QPointF(1, 1), w->mapToGlobal(QPointF(1, 1)), w->mapToGlobal(QPointF(1, 1)));
+        QApplication::sendEvent(w, &enter);
+    }
+    m_hovered = w;
+}
+
 QWidget *ScriptRunner::control(const QString &name)
 {
     ui::Screen *top = m_nav.topmost();
@@ -232,42 +271,50 @@ void ScriptRunner::run(const QString &line)
     const QString name = sp2 < 0 ? args : args.left(sp2);
     const QString rest = sp2 < 0 ? QString() : args.mid(sp2 + 1);
 
-    if (cmd == u"click") {
-        QWidget *w = control(name);
+    if (cmd == u"click" || cmd == u"press" || cmd == u"release") {
+        QWidget *w = cmd == u"release" ? control(name) : usable(name, QStringLiteral("clicked"));
         if (!w)
             return;
-        if (!w->isVisible() || !w->isEnabled())
-            return fail(QStringLiteral("%1 cannot be clicked: it is %2").arg(name, w->isVisible() ? QStringLiteral("disabled") : QStringLiteral("hidden")));
-        if (auto *b = qobject_cast<QAbstractButton *>(w)) {
-            b->click();
-            return;
+        moveOnto(w);
+        if (cmd == u"click") {
+            if (auto *b = qobject_cast<QAbstractButton *>(w)) {
+                b->click();
+                return;
+            }
+            sendMouse(w, QEvent::MouseButtonPress);
+            sendMouse(w, QEvent::MouseButtonRelease);
+        } else {
+            sendMouse(w, cmd == u"press" ? QEvent::MouseButtonPress : QEvent::MouseButtonRelease);
         }
-        sendMouse(w, QEvent::MouseButtonPress);
-        sendMouse(w, QEvent::MouseButtonRelease);
     } else if (cmd == u"hover") {
-        QWidget *w = control(name);
+        QWidget *w = usable(name, QStringLiteral("pointed at"));
         if (!w)
             return;
-        QEnterEvent enter(QPointF(1, 1), w->mapToGlobal(QPointF(1, 1)), w->mapToGlobal(QPointF(1, 1)));
-        QApplication::sendEvent(w, &enter);
+        moveOnto(w);
         sendMouse(w, QEvent::MouseMove);
+    } else if (cmd == u"leave") {
+        // The pointer moves onto the background of the topmost screen.
+        ui::Screen *top = m_nav.topmost();
+        if (!top)
+            return fail(QStringLiteral("no screen is showing"));
+        moveOnto(nullptr);
+        if (const std::optional<QPointF> at = backgroundPoint(top))
+            sendMouse(top, QEvent::MouseMove, at);
     } else if (cmd == u"type") {
-        QWidget *w = control(name);
+        QWidget *w = usable(name, QStringLiteral("typed into"));
         if (!w)
             return;
         bool ok = false;
         const QString text = parseText(rest, &ok);
         if (!ok)
             return fail(QStringLiteral("unterminated quoted text"));
-        if (auto *e = qobject_cast<QLineEdit *>(w))
-            e->clear();
-        else if (auto *t = qobject_cast<QTextEdit *>(w))
-            t->clear();
-        else if (auto *p = qobject_cast<QPlainTextEdit *>(w))
-            p->clear();
-        else
+        if (!qobject_cast<QLineEdit *>(w) && !qobject_cast<QTextEdit *>(w) && !qobject_cast<QPlainTextEdit *>(w))
             return fail(QStringLiteral("%1 is not a text box").arg(name));
+        // As a student does it: focus, select all, then the keys (a read-only box stays as it is).
         w->setFocus();
+        sendKey(w, Qt::Key_A, QString(), Qt::ControlModifier);
+        if (text.isEmpty())
+            sendKey(w, Qt::Key_Delete);
         for (const QChar c : text) {
             if (c == u'\n')
                 sendKey(w, Qt::Key_Return, QStringLiteral("\r"));
@@ -275,9 +322,10 @@ void ScriptRunner::run(const QString &line)
                 sendKey(w, int(c.toUpper().unicode()), QString(c)); // Qt key codes follow upper-case Latin-1
         }
     } else if (cmd == u"choose") {
-        auto *combo = qobject_cast<QComboBox *>(control(name));
-        if (m_done)
+        QWidget *w = usable(name, QStringLiteral("chosen from"));
+        if (!w)
             return;
+        auto *combo = qobject_cast<QComboBox *>(w);
         if (!combo)
             return fail(QStringLiteral("%1 is not a drop-down list").arg(name));
         const int i = combo->findText(rest);
@@ -287,14 +335,32 @@ void ScriptRunner::run(const QString &line)
         Q_EMIT combo->activated(i);
         Q_EMIT combo->textActivated(combo->itemText(i));
     } else if (cmd == u"key") {
-        QWidget *w = control(name);
-        if (!w)
-            return;
-        const QKeySequence seq = QKeySequence::fromString(rest);
+        // "key KEYNAME" goes to the control with the focus; "key NAME KEYNAME" focuses NAME first.
+        const QString keyName = rest.isEmpty() ? name : rest;
+        QWidget *w = nullptr;
+        if (rest.isEmpty()) {
+            w = QApplication::focusWidget();
+            ui::Screen *top = m_nav.topmost();
+            if (!w || (top && w != top && !top->isAncestorOf(w)))
+                w = top;
+            if (!w)
+                return fail(QStringLiteral("no screen is showing"));
+        } else {
+            w = usable(name, QStringLiteral("given a key"));
+            if (!w)
+                return;
+            w->setFocus();
+        }
+        const QKeySequence seq = QKeySequence::fromString(keyName);
         if (seq.isEmpty())
-            return fail(QStringLiteral("unknown key %1").arg(rest));
-        w->setFocus();
+            return fail(QStringLiteral("unknown key %1").arg(keyName));
         sendKey(w, seq[0].key(), QString(), seq[0].keyboardModifiers());
+    } else if (cmd == u"save-as") {
+        // The answer to the next save dialog: a path, or nothing to cancel it.
+        auto *dialog = dynamic_cast<QueuedSaveDialog *>(m_state.SaveAs.get());
+        if (!dialog)
+            return fail(QStringLiteral("save dialogs cannot be answered in this run"));
+        dialog->answers.append(args);
     } else if (cmd == u"tick") {
         bool ok = false;
         const int n = name.toInt(&ok);
@@ -360,6 +426,17 @@ QString ScriptRunner::describeScreen(QWidget *screen, bool modal)
         JsonFields c{{QStringLiteral("name"), name},
                      {QStringLiteral("class"), QString::fromLatin1(w->metaObject()->className())},
                      {QStringLiteral("text"), text}};
+        // What a student sees beyond the text: a box they cannot change, the picture shown, the focus.
+        if (auto *e = qobject_cast<QLineEdit *>(w); e && e->isReadOnly())
+            extra.append({QStringLiteral("readOnly"), true});
+        else if (auto *t = qobject_cast<QTextEdit *>(w); t && t->isReadOnly())
+            extra.append({QStringLiteral("readOnly"), true});
+        else if (auto *pt = qobject_cast<QPlainTextEdit *>(w); pt && pt->isReadOnly())
+            extra.append({QStringLiteral("readOnly"), true});
+        if (const QString picture = w->property("picture").toString(); !picture.isEmpty())
+            extra.append({QStringLiteral("picture"), picture});
+        if (w->hasFocus())
+            extra.append({QStringLiteral("focus"), true});
         c.append(extra);
         c.append({{QStringLiteral("visible"), w->isVisibleTo(screen)},
                   {QStringLiteral("enabled"), w->isEnabled()},

@@ -4,6 +4,7 @@
 
 #include <QJsonValue>
 #include <QObject>
+#include <QPointer>
 #include <QStringList>
 #include <QTextStream>
 
@@ -56,6 +57,9 @@ private:
     void run(const QString &line);
     void fail(const QString &message);
     QWidget *control(const QString &name);
+    /// The control when it is showing and enabled; otherwise the script fails (`verb` says why).
+    QWidget *usable(const QString &name, const QString &verb);
+    void moveOnto(QWidget *w);
     void settle();
 
     ProgramState &m_state;
@@ -65,6 +69,7 @@ private:
     QStringList m_lines;
     int m_lineNo = 0;
     bool m_done = false;
+    QPointer<QWidget> m_hovered;
 };
 
 } // namespace sd

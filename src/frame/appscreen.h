@@ -25,6 +25,7 @@ public:
 
     /// Runs an action under the screen's error handling.
     void guarded(const std::function<void()> &action);
+    Navigator &navigator() { return m_nav; }
 
 protected:
     /// A screen starts with no menu label lit: the index of the last screen means nothing here.

@@ -227,6 +227,16 @@ ErrorScreen::ErrorScreen(ProgramState &s, Navigator &nav) : AppScreen(QStringLit
     onClick(cont, [this] { closeScreen(); });
 }
 
+MessageBox::MessageBox(ProgramState &s, Navigator &nav) : AppScreen(QStringLiteral("MessageBox"), s, nav)
+{
+    setDesignSize(QSize(460, 240));
+    setWindowTitle(QStringLiteral("StudyDesk"));
+    addLabel(QStringLiteral("lblMessage"), s.MessageText, QRect(20, 20, 420, 120), 13, false, Qt::AlignCenter);
+    ui::ImageButton *ok = addButton(QStringLiteral("OK"), QStringLiteral("continue"), QRect(204, 146, 52, 52),
+                                    QStringLiteral("lblOK"), QStringLiteral("OK"));
+    onClick(ok, [this] { closeScreen(); });
+}
+
 void showNotAvailable(Navigator &nav, ProgramState &, const QString &what)
 {
     nav.showError(what + QStringLiteral(" are not available in this version yet."));

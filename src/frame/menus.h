@@ -64,6 +64,15 @@ public:
     ErrorScreen(ProgramState &state, Navigator &nav);
 };
 
+/// A message box: MessageText in `lblMessage` and one button, `OK`. Used where the student is told
+/// something that is not an error of the program (a failed print or save).
+class MessageBox : public AppScreen
+{
+    Q_OBJECT
+public:
+    MessageBox(ProgramState &state, Navigator &nav);
+};
+
 /// Shows a plain message when a part of the program is not available in this version.
 void showNotAvailable(Navigator &nav, ProgramState &state, const QString &what);
 

@@ -99,6 +99,12 @@ void Navigator::showError(const QString &text)
     openModal(QStringLiteral("Error"));
 }
 
+void Navigator::showMessage(const QString &text, std::function<void()> onClosed)
+{
+    m_state.MessageText = text;
+    openModal(QStringLiteral("MessageBox"), std::move(onClosed));
+}
+
 void Navigator::close(ui::Screen *screen)
 {
     if (!screen || screen->property("sdClosing").toBool())

@@ -50,6 +50,8 @@ public:
     ui::Screen *openModal(const QString &code, std::function<void()> onClosed = {});
     /// Beeps and shows the error screen with the text.
     void showError(const QString &text);
+    /// Shows the message box with the text; onClosed runs after "OK".
+    void showMessage(const QString &text, std::function<void()> onClosed = {});
     /// Closes a page or modal screen; the page below it shows again.
     void close(ui::Screen *screen);
 

@@ -65,12 +65,16 @@ QString QtPrinter::numberedFile(const QString &base, int n)
     return base.chopped(suffix.size() + 1) + QStringLiteral("-%1.").arg(n) + suffix;
 }
 
-QString QtPrinter::askForPdfFile()
+QString QtSaveDialog::askSaveFile(const QString &title, const QString &proposed, const QString &filter)
 {
-    QString file = QFileDialog::getSaveFileName(QApplication::activeWindow(),
-                                                QStringLiteral("No printer found - save the printout as a PDF file"),
-                                                QDir::home().filePath(QStringLiteral("StudyDesk printout.pdf")),
-                                                QStringLiteral("PDF file (*.pdf)"));
+    return QFileDialog::getSaveFileName(QApplication::activeWindow(), title, proposed, filter);
+}
+
+QString QtPrinter::askForPdfFile(SaveDialog &dialog)
+{
+    QString file = dialog.askSaveFile(QStringLiteral("No printer found - save the printout as a PDF file"),
+                                      QDir::home().filePath(QStringLiteral("StudyDesk printout.pdf")),
+                                      QStringLiteral("PDF file (*.pdf)"));
     if (!file.isEmpty() && !file.endsWith(QStringLiteral(".pdf"), Qt::CaseInsensitive))
         file += QStringLiteral(".pdf");
     return file;

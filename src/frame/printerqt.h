@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/printerdevice.h"
+#include "core/services.h"
 
 #include <QPainter>
 #include <QString>
@@ -36,8 +37,8 @@ public:
 
     /// The file of the nth job sent to `base`.
     static QString numberedFile(const QString &base, int n);
-    /// The save dialog offered when there is no printer.
-    static QString askForPdfFile();
+    /// The save dialog offered when there is no printer; empty when cancelled.
+    static QString askForPdfFile(SaveDialog &dialog);
 
 protected:
     bool startJob(const QString &title) override;
@@ -60,6 +61,13 @@ private:
     int m_filesWritten = 0;
     int m_pages = 0;
     qreal m_y = 0;
+};
+
+/// The desktop's own save dialog.
+class QtSaveDialog final : public SaveDialog
+{
+public:
+    QString askSaveFile(const QString &title, const QString &proposed, const QString &filter) override;
 };
 
 } // namespace sd

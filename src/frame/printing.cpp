@@ -12,12 +12,12 @@
 namespace sd {
 
 namespace {
-/// Tells the student through the error handling of the screen that printed (the error screen).
+/// Tells the student in a message box over the screen that printed.
 void tellStudent(QWidget *parent, const QString &message)
 {
     for (QWidget *w = parent; w; w = w->parentWidget()) {
         if (auto *screen = qobject_cast<AppScreen *>(w)) {
-            screen->guarded([&message] { throw PrintError(message); });
+            screen->navigator().showMessage(message);
             return;
         }
     }

@@ -13,6 +13,7 @@ void registerFrameScreens(Navigator &nav)
     nav.registerScreen<Practype>("Practype");
     nav.registerScreen<Pracchoice>("Pracchoice");
     nav.registerScreen<ErrorScreen>("Error");
+    nav.registerScreen<MessageBox>("MessageBox");
     nav.registerScreen<Helpform>("Helpform");
     nav.registerScreen<About>("About");
 }

@@ -45,6 +45,11 @@ bool ImageButton::eventFilter(QObject *watched, QEvent *e)
         switch (e->type()) {
         case QEvent::Enter: showLit(); break;
         case QEvent::Leave: resetLook(); break;
+        case QEvent::MouseMove:
+            // The pointer is still over the caption: the button stays lit.
+            if (m_look == Look::Normal)
+                showLit();
+            return true;
         case QEvent::MouseButtonPress:
             if (static_cast<QMouseEvent *>(e)->button() == Qt::LeftButton)
                 setLook(Look::Pressed);
@@ -96,6 +101,9 @@ void ImageButton::refresh()
     const ButtonState st = m_look == Look::Normal ? ButtonState::Normal
                            : m_look == Look::Lit  ? ButtonState::Lit
                                                   : ButtonState::Pressed;
+    // The picture a student sees, by name, for the automation's dump.
+    const QString look = st == ButtonState::Normal ? QString() : st == ButtonState::Lit ? QStringLiteral("-lit") : QStringLiteral("-pressed");
+    setProperty("picture", QString(m_icon + look));
     QPixmap pm = buttonPicture(m_icon, st, sz * devicePixelRatioF());
     pm.setDevicePixelRatio(devicePixelRatioF());
     setPixmap(pm);
@@ -111,6 +119,14 @@ void ImageButton::leaveEvent(QEvent *e)
 {
     resetLook();
     QLabel::leaveEvent(e);
+}
+
+void ImageButton::mouseMoveEvent(QMouseEvent *e)
+{
+    // Moving over the button keeps it lit; the screen below never hears of it.
+    if (m_look == Look::Normal && isEnabled())
+        showLit();
+    e->accept();
 }
 
 void ImageButton::mousePressEvent(QMouseEvent *e)

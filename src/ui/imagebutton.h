@@ -35,6 +35,7 @@ Q_SIGNALS:
 protected:
     void enterEvent(QEnterEvent *e) override;
     void leaveEvent(QEvent *e) override;
+    void mouseMoveEvent(QMouseEvent *e) override;
     void mousePressEvent(QMouseEvent *e) override;
     void mouseReleaseEvent(QMouseEvent *e) override;
     void keyPressEvent(QKeyEvent *e) override;

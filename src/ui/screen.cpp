@@ -4,6 +4,7 @@
 #include "pictures.h"
 
 #include <QCloseEvent>
+#include <QFileInfo>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -49,6 +50,7 @@ void Screen::applyPlacement(QWidget *w, const Placement &p)
         w->setFont(f);
     }
     if (!p.picture.isEmpty()) {
+        w->setProperty("picture", QFileInfo(p.picture).completeBaseName());
         if (auto *label = qobject_cast<QLabel *>(w)) {
             QPixmap pm = picture(p.picture, r.size() * devicePixelRatioF());
             pm.setDevicePixelRatio(devicePixelRatioF());
@@ -174,7 +176,9 @@ void Screen::resizeEvent(QResizeEvent *e)
 
 void Screen::mouseMoveEvent(QMouseEvent *e)
 {
-    backgroundHovered();
+    // Only the background puts the buttons back: a move over a control that passed it on does not.
+    if (!childAt(e->position().toPoint()))
+        backgroundHovered();
     QWidget::mouseMoveEvent(e);
 }
 

@@ -225,6 +225,11 @@ ScriptRun runScript(const QString &dataDir, const QString &script, const QString
     QProcess p;
     p.setProgram(QStringLiteral(STUDYDESK_BINARY_DIR "/bin/studydesk"));
     p.setArguments(QStringList{QStringLiteral("--data-dir"), dataDir, QStringLiteral("--script"), scriptPath} + extraArgs);
+    // The student's own folders stay untouched: settings, drafts and history go to the run's folder.
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    for (const char *var : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_STATE_HOME", "HOME"})
+        env.insert(QString::fromLatin1(var), tmp.path());
+    p.setProcessEnvironment(env);
     p.start();
     ScriptRun run;
     if (!p.waitForFinished(60000)) {

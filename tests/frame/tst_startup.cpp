@@ -43,6 +43,9 @@ private Q_SLOTS:
         QTest::newRow("no such control") << QStringLiteral("click lblNothing\n");
         QTest::newRow("unknown command") << QStringLiteral("jump lblPrac\n");
         QTest::newRow("hidden control") << QStringLiteral("click lblRuta\n");
+        QTest::newRow("typing into a hidden box") << QStringLiteral("type lblRuta x\n");
+        QTest::newRow("a key on a hidden control") << QStringLiteral("key lblRuta Tab\n");
+        QTest::newRow("pointing at a hidden control") << QStringLiteral("hover lblRuta\n");
     }
     void scriptErrorsExitWithTwo()
     {

@@ -5,6 +5,7 @@
 
 #include <QGuiApplication>
 #include <QPalette>
+#include <QTemporaryDir>
 #include <QTest>
 
 using namespace sd;
@@ -94,6 +95,54 @@ private Q_SLOTS:
         QCOMPARE(dumpedText(run, 0, u"rcmc"_s, u"lblInstruction"_s), u"NO TEXT"_s);
         QVERIFY(run.eventNames(u"beep"_s).isEmpty());
         QVERIFY(!run.control(u"Pracchoice"_s, u"lblSelect1"_s, 1).isEmpty());
+    }
+
+    void automationDoesWhatAStudentCan()
+    {
+        QTemporaryDir out;
+        const QString pdf = out.filePath(u"passage.pdf"_s);
+        const test::ScriptRun run = test::runScript(dir.path(), practice(2, 1, 1, {u"b"_s}) + u"hover Check\n"
+                                                                   "dump\n"
+                                                                   "hover lblCheck\n"
+                                                                   "dump\n"
+                                                                   "leave\n"
+                                                                   "dump\n"
+                                                                   "press Check\n"
+                                                                   "dump\n"
+                                                                   "leave\n"
+                                                                   "type RichTextBox1 scribble\n"
+                                                                   "key Text1 Tab\n"
+                                                                   "key Tab\n"
+                                                                   "dump\n"
+                                                                   "save-as "_s + pdf + u"\n"
+                                                                   "click Printing\n"
+                                                                   "type lblCheck b\n"_s);
+        auto picture = [&](int n) { return run.control(u"rcmc"_s, u"Check"_s, n).value(u"picture"_s).toString(); };
+        // The button stays lit over its caption, goes back on the background, and shows its press.
+        QCOMPARE(picture(0), u"check-lit"_s);
+        QCOMPARE(picture(1), u"check-lit"_s);
+        QCOMPARE(picture(2), u"check"_s);
+        QCOMPARE(picture(3), u"check-pressed"_s);
+        // A read-only box cannot be typed into; the focus moved by keys alone.
+        const QJsonObject passage = run.control(u"rcmc"_s, u"RichTextBox1"_s, 4);
+        QVERIFY(passage.value(u"readOnly"_s).toBool());
+        QVERIFY(!passage.value(u"text"_s).toString().contains(u"scribble"_s));
+        QVERIFY(run.control(u"rcmc"_s, u"Text3"_s, 4).value(u"focus"_s).toBool());
+        QVERIFY(!run.control(u"rcmc"_s, u"Text1"_s, 4).contains(u"focus"_s));
+        // With no printer, the print goes to the PDF file that save-as answered.
+        const QList<QJsonObject> prints = [&] {
+            QList<QJsonObject> p;
+            for (const QJsonObject &e : run.events)
+                if (e.value(u"event"_s) == u"print"_s)
+                    p.append(e);
+            return p;
+        }();
+        QCOMPARE(prints.size(), 1);
+        QCOMPARE(prints.first().value(u"file"_s).toString(), pdf);
+        QVERIFY(QFile::exists(pdf));
+        // Typing into a label is something no student can do.
+        QCOMPARE(run.exitCode, 2);
+        QVERIFY(run.events.last().value(u"message"_s).toString().contains(u"lblCheck is not a text box"_s));
     }
 
 private:

@@ -46,6 +46,28 @@ private:
     quint64 m_ms = 0;
 };
 
+/// Asks the student where to save a file. The program uses the desktop's save dialog; tests and
+/// scripts answer from a queue, and an unanswered dialog is cancelled.
+class SaveDialog
+{
+public:
+    virtual ~SaveDialog() = default;
+    /// The path chosen, or empty when the student cancelled. `proposed` is the file offered.
+    virtual QString askSaveFile(const QString &title, const QString &proposed, const QString &filter) = 0;
+};
+
+class QueuedSaveDialog final : public SaveDialog
+{
+public:
+    QString askSaveFile(const QString &title, const QString &proposed, const QString &) override
+    {
+        asked.append(title + QStringLiteral(" | ") + proposed);
+        return answers.isEmpty() ? QString() : answers.takeFirst();
+    }
+    QStringList answers; ///< the next answers, in order; "" cancels
+    QStringList asked;   ///< every dialog shown: its title and the file it proposed
+};
+
 /// Records what would have been played; used by tests and the script mode.
 class RecordingSound final : public SoundOutput
 {

@@ -48,6 +48,7 @@ struct ProgramState
     Int16 ExerciseKind;
     Int16 HoverIndex;
     QString ErrorText;
+    QString MessageText; ///< the text of the next message box
     Array<QString, 0, 2> ActivityHeadings;
     Array<QString, 0, 3> PaperHeadings;
     Array<QString, 0, 10> KindNames;
@@ -106,6 +107,8 @@ struct ProgramState
 
     // Printer: the program's printer device. A recording one until start-up sets the real one.
     std::unique_ptr<PrinterDevice> Printer = std::make_unique<RecordingPrinter>();
+    // The save dialog: a queue that cancels everything until start-up sets the real one.
+    std::unique_ptr<SaveDialog> SaveAs = std::make_unique<QueuedSaveDialog>();
 
     /// Section number of a kind within its paper.
     static int sectionOfKind(int kind);
