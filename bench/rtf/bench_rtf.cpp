@@ -10,6 +10,8 @@
 #include <QTextDocument>
 #include <QTextStream>
 
+#include <sys/resource.h>
+
 #include <cstdio>
 #include <functional>
 
@@ -47,6 +49,39 @@ QByteArray makeDocument(qsizetype targetBytes)
     return rtf + '}';
 }
 
+// Tables only, as a timetable or a word list exported from a spreadsheet makes them: wide rows with
+// cell borders, and rows whose cells hold tables of their own.
+QByteArray makeTableDocument(qsizetype targetBytes)
+{
+    QByteArray rtf = "{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0 Arial;}}\\f0\\fs20\r\n";
+    int n = 0;
+    while (rtf.size() < targetBytes) {
+        ++n;
+        QByteArray row = "\\trowd\\trgaph108";
+        for (int c = 1; c <= 12; ++c)
+            row += "\\clbrdrt\\brdrs\\clbrdrb\\brdrs\\cellx" + QByteArray::number(c * 800);
+        for (int c = 1; c <= 12; ++c)
+            row += "\\pard\\intbl Row " + QByteArray::number(n) + " {\\b col} " + QByteArray::number(c) + "\\cell ";
+        rtf += row + "\\row\r\n";
+        if (n % 10 == 0) {
+            // A row of three cells, each holding a 3 x 3 table.
+            QByteArray inner;
+            for (int r = 0; r < 3; ++r) {
+                for (int c = 0; c < 3; ++c)
+                    inner += "\\pard\\intbl\\itap2 in" + QByteArray::number(c) + "\\nestcell ";
+                inner += "{\\*\\nesttableprops\\trowd\\cellx500\\cellx1000\\cellx1500\\nestrow}";
+            }
+            QByteArray outer;
+            for (int c = 0; c < 3; ++c)
+                outer += "\\pard\\intbl\\itap1 outer " + inner + "\\pard\\intbl\\itap1 \\cell ";
+            rtf += outer + "\\trowd\\cellx3000\\cellx6000\\cellx9000\\row\r\n";
+        }
+        if (n % 50 == 0)
+            rtf += "\\pard Between the tables.\\par\r\n";
+    }
+    return rtf + '}';
+}
+
 double bestSeconds(int runs, const std::function<void()> &work)
 {
     double best = 1e9;
@@ -78,6 +113,36 @@ int main(int argc, char **argv)
     const double writeSeconds = bestSeconds(3, [&] { written = sd::rtf::writeRtf(doc); });
     out << u"our writer:      %1 s, %2 MB/s of output (best of 3)\n"_s.arg(writeSeconds, 0, 'f', 3)
                .arg(written.size() / (1024.0 * 1024.0) / writeSeconds, 0, 'f', 2);
+
+    // Tables must cost no more than their size: the table-heavy document against plain text of the
+    // same size, and its peak memory read in a process of its own.
+    {
+        const QByteArray tables = makeTableDocument(18 * 1024 * 1024);
+        const QByteArray plain = makeDocument(tables.size());
+        QTextDocument t;
+        const double tableSeconds = bestSeconds(1, [&] { sd::rtf::readRtf(tables, t); });
+        const double plainSeconds = bestSeconds(1, [&] { sd::rtf::readRtf(plain, t); });
+        out << u"rtf tables %1x plain text of the same size (%2 s vs %3 s for %4 MB)\n"_s
+                   .arg(tableSeconds / plainSeconds, 0, 'f', 2)
+                   .arg(tableSeconds, 0, 'f', 2)
+                   .arg(plainSeconds, 0, 'f', 2)
+                   .arg(tables.size() / (1024.0 * 1024.0), 0, 'f', 1);
+        QTemporaryDir tmp;
+        QFile f(tmp.filePath(u"tables.rtf"_s));
+        const QString tool = QStringLiteral(STUDYDESK_BINARY_DIR "/bin/studydesk-data");
+        if (f.open(QIODevice::WriteOnly) && f.write(tables) == tables.size() && QFile::exists(tool)) {
+            f.close();
+            QProcess p;
+            p.setStandardOutputFile(QProcess::nullDevice());
+            p.start(tool, {u"rtf2txt"_s, f.fileName()});
+            p.waitForFinished(300000);
+            rusage usage{};
+            getrusage(RUSAGE_CHILDREN, &usage);
+            out << u"rtf tables peak memory %1 MB for a %2 MB document (studydesk-data rtf2txt)\n"_s
+                       .arg(usage.ru_maxrss / 1024.0, 0, 'f', 0)
+                       .arg(tables.size() / (1024.0 * 1024.0), 0, 'f', 1);
+        }
+    }
 
     const QString unrtf = QStandardPaths::findExecutable(u"unrtf"_s);
     if (unrtf.isEmpty()) {

@@ -2,11 +2,15 @@
 //   studydesk-data build SOURCE OUT
 //   studydesk-data check DIR
 //   studydesk-data show DIR FILE KEY
+//   studydesk-data rtf2txt FILE
 
 #include "build.h"
 #include "check.h"
 
+#include "ui/rtf/rtfreader.h"
+
 #include <QGuiApplication>
+#include <QTextDocument>
 
 #include <cstdio>
 
@@ -48,7 +52,8 @@ int usage()
 {
     print(stderr, u"usage: studydesk-data build SOURCE OUT\n"
                   u"       studydesk-data check DIR\n"
-                  u"       studydesk-data show DIR FILE KEY\n"_s);
+                  u"       studydesk-data show DIR FILE KEY\n"
+                  u"       studydesk-data rtf2txt FILE\n"_s);
     return 2;
 }
 
@@ -92,6 +97,21 @@ int show(const QString &dir, const QString &file, const QString &key)
     return found ? 0 : 1;
 }
 
+/// The text of a rich-text file as the program reads it, for teachers and for timing the reader.
+int rtf2txt(const QString &file)
+{
+    QTextDocument doc;
+    const sd::rtf::ReadResult r = sd::rtf::readRtfFile(file, doc);
+    if (!r.ok) {
+        print(stderr, file + u": "_s + escaped(r.message) + u'\n');
+        return 1;
+    }
+    print(stdout, doc.toPlainText() + u'\n');
+    if (r.partial)
+        print(stderr, file + u": damaged; only the first part could be read: "_s + escaped(r.message) + u'\n');
+    return r.partial ? 1 : 0;
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -107,6 +127,8 @@ int main(int argc, char **argv)
         return build(args.at(1), args.at(2));
     if (command == u"check"_s && args.size() == 2)
         return check(args.at(1));
+    if (command == u"rtf2txt"_s && args.size() == 2)
+        return rtf2txt(args.at(1));
     if (command == u"show"_s && args.size() == 4)
         return show(args.at(1), args.at(2), args.at(3));
     return usage();
