@@ -76,12 +76,14 @@ QString WebPageBox::localName(const QUrl &url) const
 
 QVariant WebPageBox::loadResource(int type, const QUrl &name)
 {
+    // A refusal is an empty resource, not an invalid one: the document would read the file itself.
+    const QVariant refused = type == QTextDocument::ImageResource ? QVariant(QImage()) : QVariant(QByteArray());
     const QString local = localName(name);
     if (local.isEmpty())
-        return QVariant(); // never the network, never another folder
+        return refused; // never the network, never another folder
     const FileBytes file = readDataFile(m_root, local, MaxRtfBytes);
     if (!file.ok())
-        return QVariant();
+        return refused;
     if (type == QTextDocument::ImageResource) {
         QBuffer buffer;
         buffer.setData(file.bytes);
@@ -89,12 +91,12 @@ QVariant WebPageBox::loadResource(int type, const QUrl &name)
         QImageReader reader(&buffer);
         const QSize size = reader.size();
         if (size.isValid() && qint64(size.width()) * size.height() > MaxPicturePixels)
-            return QVariant();
+            return refused;
         return reader.read();
     }
     if (type == QTextDocument::StyleSheetResource)
         return file.bytes;
-    return QVariant();
+    return refused;
 }
 
 void WebPageBox::followLink(const QUrl &url)

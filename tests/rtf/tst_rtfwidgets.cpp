@@ -28,6 +28,7 @@ private Q_SLOTS:
     void richTextBoxLoads();
     void richTextBoxPrintsEverything();
     void webPageBox();
+    void webPageStaysInItsDirectory();
 };
 
 void TestRtfWidgets::richTextBoxLoads_data()
@@ -112,6 +113,37 @@ void TestRtfWidgets::webPageBox()
     Q_EMIT box.anchorClicked(QUrl(u"second.htm"_s));
     QCOMPARE(box.toPlainText(), u"Second page"_s);
     QCOMPARE(external.size(), 1);
+}
+
+void TestRtfWidgets::webPageStaysInItsDirectory()
+{
+    // A page may name pictures and pages anywhere; only those of its own directory are loaded.
+    QTemporaryDir dir, outside;
+    QImage image(6, 6, QImage::Format_RGB32);
+    image.fill(Qt::blue);
+    QVERIFY(image.save(dir.filePath(u"inside.png"_s)));
+    QVERIFY(image.save(outside.filePath(u"secret.png"_s)));
+    QVERIFY(writeFile(outside.filePath(u"secret.htm"_s), "<p>Secret page</p>"));
+    QVERIFY(QFile::link(outside.filePath(u"secret.png"_s), dir.filePath(u"linked.png"_s)));
+    const QByteArray secret = QFile::encodeName(outside.filePath(u"secret.png"_s));
+    QVERIFY(writeFile(dir.filePath(u"page.htm"_s),
+                      "<p>Page <img src=\"inside.png\"><img src=\"" + secret + "\"><img src=\"file://" + secret
+                          + "\"><img src=\"../" + QFileInfo(outside.path()).fileName().toLatin1()
+                          + "/secret.png\"><img src=\"linked.png\"><img src=\"http://example.org/x.png\"></p>"));
+
+    sd::WebPageBox box;
+    QVERIFY(box.loadDataFile(dir.path(), u"page.htm"_s));
+    QTextDocument *doc = box.document();
+    auto picture = [doc](const QString &url) { return doc->resource(QTextDocument::ImageResource, QUrl(url)).value<QImage>(); };
+    QCOMPARE(picture(u"inside.png"_s).size(), QSize(6, 6));
+    for (const QString &refused : QStringList{QString::fromLocal8Bit(secret), u"file://"_s + QString::fromLocal8Bit(secret),
+                                   u"linked.png"_s, u"http://example.org/x.png"_s})
+        QVERIFY2(picture(refused).isNull(), qPrintable(refused));
+
+    QSignalSpy external(&box, &sd::WebPageBox::externalLinkClicked);
+    Q_EMIT box.anchorClicked(QUrl::fromLocalFile(outside.filePath(u"secret.htm"_s)));
+    QCOMPARE(external.size(), 1);
+    QVERIFY(box.toPlainText().startsWith(u"Page"_s));
 }
 
 QTEST_MAIN(TestRtfWidgets)
