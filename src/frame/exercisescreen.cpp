@@ -11,6 +11,8 @@ namespace sd {
 ExerciseScreen::ExerciseScreen(const QString &code, ProgramState &s, Navigator &nav, int kind)
     : AppScreen(code, s, nav), m_kind(kind)
 {
+    // Exercise screens and their score windows: pale blue captions at rest, white under the pointer.
+    setCaptionColours(ui::ImageButton::highlightColour(), ui::ImageButton::captionColour());
     logo = addPicture(QStringLiteral("logo"), QStringLiteral("logo"), QRect(16, 8, 56, 56));
     lblHead1 = addHeadingPlate(1, QString(), QRect(84, 12, 272, 42));
     lblHead2 = addHeadingPlate(2, QString(), QRect(368, 12, 272, 42));
@@ -35,8 +37,9 @@ ExerciseScreen::ExerciseScreen(const QString &code, ProgramState &s, Navigator &
     lblHelp = Help->caption();
     lblQuit = Quit->caption();
 
-    imgTimeballoon = addPicture(QStringLiteral("imgTimeballoon"), QStringLiteral("balloon"), QRect(744, 56, 200, 70));
-    lblShowtime = addLabel(QStringLiteral("lblShowtime"), QString(), QRect(760, 60, 176, 50), 10, true, Qt::AlignCenter);
+    // Over the heading plates, beside the clock: never over the score or an answer.
+    imgTimeballoon = addPicture(QStringLiteral("imgTimeballoon"), QStringLiteral("balloon"), QRect(716, 0, 228, 62));
+    lblShowtime = addLabel(QStringLiteral("lblShowtime"), QString(), QRect(730, 4, 200, 50), 10, true, Qt::AlignCenter);
     QPalette pal = lblShowtime->palette();
     pal.setColor(QPalette::WindowText, QColor(0, 0, 64));
     lblShowtime->setPalette(pal);
@@ -58,6 +61,11 @@ ExerciseScreen::ExerciseScreen(const QString &code, ProgramState &s, Navigator &
     onClick(Help, [this] { onHelp(); });
     onClick(Quit, [this] { onQuit(); });
     onClick(imgTime, [this] { showClockBalloon(); });
+    // A balloon that is open shows the time as it is now.
+    connect(&state.Clock, &MinuteClock::ticked, this, [this] {
+        if (lblShowtime->isVisible())
+            lblShowtime->setText(ui::lineBreaks(clockBalloonText(state.ElapsedMinutes, state.RemainingMinutes)));
+    });
 }
 
 ExerciseScreen::~ExerciseScreen()
@@ -142,7 +150,7 @@ void ExerciseScreen::showModeButtons()
 
 void ExerciseScreen::showClockBalloon()
 {
-    lblShowtime->setText(clockBalloonText(state.ElapsedMinutes, state.RemainingMinutes));
+    lblShowtime->setText(ui::lineBreaks(clockBalloonText(state.ElapsedMinutes, state.RemainingMinutes)));
     imgTimeballoon->show();
     lblShowtime->show();
     imgTimeballoon->raise();

@@ -9,6 +9,7 @@ namespace sd {
 
 rc2check::rc2check(ProgramState &s, Navigator &nav, const QString &code) : AppScreen(code, s, nav)
 {
+    setCaptionColours(ui::ImageButton::highlightColour(), ui::ImageButton::captionColour());
     setDesignSize(QSize(420, 340));
     const QString dots = QStringLiteral("\u00B7 ").repeated(30);
     addLabel(QStringLiteral("lblTopdots"), dots, QRect(20, 8, 380, 16), 10, true, Qt::AlignCenter);

@@ -41,9 +41,9 @@ ReadingScreen::Exercise rcma::readExercise()
     // Only an exercise with questions of two or three letters says how to answer them.
     const QStringList keys = splitSlashKey(r.Answers);
     if (std::any_of(keys.cbegin(), keys.cend(), [](const QString &k) { return k.size() > 1; }))
-        lblInstruction->setText(instruction() + u'\r'
-                                + QStringLiteral("Where a question asks for two or three, write all their letters "
-                                                 "in its box (for example AD)."));
+        lblInstruction->setText(ui::lineBreaks(instruction() + u'\r'
+                                               + QStringLiteral("Where a question asks for two or three, write all "
+                                                                "their letters in its box (for example AD).")));
     return {r.Name, QString(), r.Answers};
 }
 

@@ -6,10 +6,8 @@
 #include "ui/webpagebox.h"
 
 #include <QApplication>
-#include <QPainter>
 #include <QPaintEvent>
 #include <QPointer>
-#include <QStyle>
 
 namespace sd {
 
@@ -28,7 +26,6 @@ ReadingScreen::ReadingScreen(const QString &code, ProgramState &s, Navigator &na
     : ExerciseScreen(code, s, nav, kind), m_file(file)
 {
     m_boxes.reserve(boxes);
-    lblInstruction->installEventFilter(this);
 }
 
 void ReadingScreen::placeInstruction(QRect rect, qreal fontPt)
@@ -100,7 +97,7 @@ void ReadingScreen::load()
 {
     setHeadings();
     QString text = instruction();
-    lblInstruction->setText(text);
+    lblInstruction->setText(ui::lineBreaks(text));
     setExerciseId();
     const Exercise ex = readExercise();
 
@@ -111,7 +108,7 @@ void ReadingScreen::load()
         state.ExtraSection = extra;
         if (extra) {
             text += u'\r' + extraLine();
-            lblInstruction->setText(text);
+            lblInstruction->setText(ui::lineBreaks(text));
         }
     }
 
@@ -259,22 +256,6 @@ QList<QTextDocument *> ReadingScreen::printableDocuments()
     if (RichTextBox2)
         docs.append(RichTextBox2->document());
     return docs;
-}
-
-bool ReadingScreen::eventFilter(QObject *watched, QEvent *e)
-{
-    // The instruction's lines are joined by carriage returns; show each on a line of its own.
-    if (watched == lblInstruction && e->type() == QEvent::Paint) {
-        QPainter p(lblInstruction);
-        QString shown = lblInstruction->text();
-        shown.replace(u'\r', u'\n');
-        lblInstruction->style()->drawItemText(&p, lblInstruction->contentsRect(),
-                                              int(lblInstruction->alignment()) | Qt::TextWordWrap,
-                                              lblInstruction->palette(), lblInstruction->isEnabled(), shown,
-                                              QPalette::WindowText);
-        return true;
-    }
-    return ExerciseScreen::eventFilter(watched, e);
 }
 
 } // namespace sd

@@ -60,7 +60,6 @@ protected:
     void onHelp() override;
     void onQuit() override;
     QList<QTextDocument *> printableDocuments() override;
-    bool eventFilter(QObject *watched, QEvent *e) override;
 
     virtual QString instruction() const = 0;
     /// Default: a layout A record (Name the passage, Text1 the sheet, Answers the key).

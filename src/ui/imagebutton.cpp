@@ -4,8 +4,30 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
+
+#include <algorithm>
 
 namespace sd::ui {
+
+QColor focusRingColour()
+{
+    return QColor(255, 200, 40);
+}
+
+void drawFocusRing(QWidget *w)
+{
+    // Amber, two pixels wide at the design size: it reads against the dark background and is
+    // unlike the pale-blue highlight of the pointer.
+    QPainter p(w);
+    p.setRenderHint(QPainter::Antialiasing);
+    const qreal width = std::max<qreal>(2.0, w->height() / 24.0);
+    QPen pen(focusRingColour(), width);
+    p.setPen(pen);
+    p.setBrush(Qt::NoBrush);
+    const qreal inset = width / 2.0;
+    p.drawRoundedRect(QRectF(w->rect()).adjusted(inset, inset, -inset, -inset), 4, 4);
+}
 
 namespace {
 void setTextColour(QLabel *label, const QColor &c)
@@ -24,6 +46,13 @@ ImageButton::ImageButton(const QString &icon, QWidget *parent) : QLabel(parent),
     setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_Hover);
     refresh();
+}
+
+void ImageButton::setCaptionColours(const QColor &normal, const QColor &lit)
+{
+    m_normalCaption = normal;
+    m_litCaption = lit;
+    setLook(m_look);
 }
 
 void ImageButton::setCaption(QLabel *caption)
@@ -91,7 +120,7 @@ void ImageButton::setLook(Look look)
 {
     m_look = look;
     if (m_caption)
-        setTextColour(m_caption, look == Look::Normal ? captionColour() : highlightColour());
+        setTextColour(m_caption, look == Look::Normal ? m_normalCaption : m_litCaption);
     refresh();
 }
 
@@ -143,6 +172,25 @@ void ImageButton::mouseReleaseEvent(QMouseEvent *e)
     setLook(inside ? Look::Lit : Look::Normal);
     if (inside)
         Q_EMIT clicked();
+}
+
+void ImageButton::focusInEvent(QFocusEvent *e)
+{
+    QLabel::focusInEvent(e);
+    update();
+}
+
+void ImageButton::focusOutEvent(QFocusEvent *e)
+{
+    QLabel::focusOutEvent(e);
+    update();
+}
+
+void ImageButton::paintEvent(QPaintEvent *e)
+{
+    QLabel::paintEvent(e);
+    if (hasFocus())
+        drawFocusRing(this);
 }
 
 void ImageButton::keyPressEvent(QKeyEvent *e)
@@ -223,18 +271,37 @@ void MenuLabel::mouseReleaseEvent(QMouseEvent *e)
 
 void MenuLabel::keyPressEvent(QKeyEvent *e)
 {
-    if (e->key() == Qt::Key_Space || e->key() == Qt::Key_Return || e->key() == Qt::Key_Enter)
-        Q_EMIT clicked();
-    else
-        QLabel::keyPressEvent(e);
+    switch (e->key()) {
+    case Qt::Key_Space:
+    case Qt::Key_Return:
+    case Qt::Key_Enter: Q_EMIT clicked(); break;
+    // The arrows move between the entries of a menu as Tab does.
+    case Qt::Key_Down:
+    case Qt::Key_Right: focusNextChild(); break;
+    case Qt::Key_Up:
+    case Qt::Key_Left: focusPreviousChild(); break;
+    default: QLabel::keyPressEvent(e);
+    }
 }
 
 void MenuLabel::focusInEvent(QFocusEvent *e)
 {
-    // Keyboard users moving with Tab see the same highlight as pointer users.
-    if (e->reason() == Qt::TabFocusReason || e->reason() == Qt::BacktabFocusReason)
-        Q_EMIT hovered();
+    // The focus has its own mark, the ring; the pointer's highlight stays where the pointer is.
     QLabel::focusInEvent(e);
+    update();
+}
+
+void MenuLabel::focusOutEvent(QFocusEvent *e)
+{
+    QLabel::focusOutEvent(e);
+    update();
+}
+
+void MenuLabel::paintEvent(QPaintEvent *e)
+{
+    QLabel::paintEvent(e);
+    if (hasFocus())
+        drawFocusRing(this);
 }
 
 } // namespace sd::ui

@@ -6,6 +6,10 @@
 
 namespace sd::ui {
 
+/// The keyboard focus mark of our own controls: a ring, not the pointer's highlight.
+QColor focusRingColour();
+void drawFocusRing(QWidget *w);
+
 /// A button drawn as a picture, with normal, lit and pressed states and an optional caption label
 /// that takes the highlight colour while the pointer is over the button. Acts on release.
 class ImageButton : public QLabel
@@ -20,6 +24,8 @@ public:
 
     /// The caption acts as part of the button: pointing at it or clicking it works the same.
     void setCaption(QLabel *caption);
+    /// Caption colours at rest and while the pointer is over the button.
+    void setCaptionColours(const QColor &normal, const QColor &lit);
     QLabel *caption() const { return m_caption; }
     void setIcon(const QString &icon) { m_icon = icon; refresh(); }
     /// Whether hovering shows the lit look (an arrow that cannot move stays unlit).
@@ -39,6 +45,9 @@ protected:
     void mousePressEvent(QMouseEvent *e) override;
     void mouseReleaseEvent(QMouseEvent *e) override;
     void keyPressEvent(QKeyEvent *e) override;
+    void focusInEvent(QFocusEvent *e) override;
+    void focusOutEvent(QFocusEvent *e) override;
+    void paintEvent(QPaintEvent *e) override;
     void resizeEvent(QResizeEvent *e) override;
     void changeEvent(QEvent *e) override;
     bool eventFilter(QObject *watched, QEvent *e) override;
@@ -50,6 +59,8 @@ private:
 
     QString m_icon;
     QPointer<QLabel> m_caption;
+    QColor m_normalCaption = captionColour();
+    QColor m_litCaption = highlightColour();
     Look m_look = Look::Normal;
     bool m_lightable = true;
 };
@@ -78,6 +89,8 @@ protected:
     void mouseReleaseEvent(QMouseEvent *e) override;
     void keyPressEvent(QKeyEvent *e) override;
     void focusInEvent(QFocusEvent *e) override;
+    void focusOutEvent(QFocusEvent *e) override;
+    void paintEvent(QPaintEvent *e) override;
 
 private:
     void setLook(const QColor &colour, bool bold);

@@ -10,6 +10,13 @@
 
 namespace sd::ui {
 
+QString lineBreaks(QString text)
+{
+    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    text.replace(u'\r', u'\n');
+    return text;
+}
+
 Screen::Screen(const QString &code, QWidget *parent) : QWidget(parent)
 {
     setObjectName(code);
@@ -90,6 +97,8 @@ ImageButton *Screen::addButton(const QString &name, const QString &icon, QRect r
         b->setAccessibleName(caption);
     }
     m_buttons.append(b);
+    if (m_normalCaption.isValid())
+        b->setCaptionColours(m_normalCaption, m_litCaption);
     return b;
 }
 
@@ -132,6 +141,15 @@ void Screen::setPicture(QLabel *label, const QString &pictureName)
 {
     m_placements[label].picture = pictureName;
     applyPlacement(label, m_placements.value(label));
+}
+
+void Screen::setCaptionColours(const QColor &normal, const QColor &lit)
+{
+    m_normalCaption = normal;
+    m_litCaption = lit;
+    for (const auto &b : std::as_const(m_buttons))
+        if (b)
+            b->setCaptionColours(normal, lit);
 }
 
 void Screen::ResetButtons()

@@ -7,6 +7,9 @@
 
 namespace sd::ui {
 
+/// Texts of the program break lines with a carriage return; a label draws a line feed.
+QString lineBreaks(QString text);
+
 class ImageButton;
 class MenuLabel;
 
@@ -45,6 +48,8 @@ public:
 
     /// Puts the normal picture and caption colour back on every image button of the screen.
     void ResetButtons();
+    /// Caption colours of this screen's picture buttons, for those already placed and those to come.
+    void setCaptionColours(const QColor &normal, const QColor &lit);
     /// Menu highlighting: resets every menu label, then lights `label` (one at a time).
     void highlightMenuLabel(MenuLabel *label);
     void clearMenuHighlight();
@@ -81,6 +86,7 @@ private:
     QSize m_designSize{DesignWidth, DesignHeight};
     QHash<QWidget *, Placement> m_placements;
     QList<QPointer<ImageButton>> m_buttons;
+    QColor m_normalCaption, m_litCaption;
     QList<QPointer<MenuLabel>> m_menuLabels;
     qreal m_scale = 1.0;
     QPoint m_offset;

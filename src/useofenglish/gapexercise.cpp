@@ -108,7 +108,7 @@ void GapExerciseScreen::beginLoad(const QString &instruction)
 {
     setHeadings();
     setExerciseId();
-    lblInstruction->setText(instruction);
+    lblInstruction->setText(ui::lineBreaks(instruction));
     ResetButtons();
     showModeButtons();
     // The clock picture follows the clock setting whatever the mode.

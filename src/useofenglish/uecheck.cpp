@@ -9,6 +9,7 @@ namespace sd {
 
 uecheck::uecheck(ProgramState &s, Navigator &nav) : AppScreen(QStringLiteral("uecheck"), s, nav)
 {
+    setCaptionColours(ui::ImageButton::highlightColour(), ui::ImageButton::captionColour());
     setDesignSize(QSize(560, 400));
     addLabel(QStringLiteral("lblHead"), QStringLiteral("Score"), QRect(20, 12, 520, 30), 16, true, Qt::AlignCenter);
     addLabel(QStringLiteral("lblTopdots"), s.Separator, QRect(20, 44, 520, 16), 8, false, Qt::AlignCenter);

@@ -111,6 +111,18 @@ private Q_SLOTS:
         QVERIFY(level1->isChosen() && isWhite(level1) && level1->font().bold());
     }
 
+    void backToAMenuShowsNoStaleHighlight()
+    {
+        app->hover(u"lblPrac"_s);
+        QVERIFY(isLit(app->get<QLabel>(u"lblPrac"_s)));
+        app->click(u"lblPrac"_s);
+        app->hover(u"lblrcmc"_s);
+        app->click(u"Back"_s);
+        QCOMPARE(app->topCode(), u"Intro"_s);
+        QVERIFY(!isLit(app->get<QLabel>(u"lblPrac"_s)));
+        QCOMPARE(int(app->state.HoverIndex), 0);
+    }
+
     void errorScreenBeepsAndSaysWhy_data()
     {
         QTest::addColumn<QStringList>("clicks"); // after "practice exercises"

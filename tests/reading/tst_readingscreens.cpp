@@ -13,7 +13,8 @@ using namespace sd;
 using namespace Qt::StringLiterals;
 
 namespace {
-const QString cr = u"\r"_s;
+// Instruction lines are shown one under another.
+const QString cr = u"\n"_s;
 const QString mcNumbers = u"Label1 Label2 Label3 Label5 Answerlbl5 Answerlbl6 Answerlbl7"_s;
 
 void typeAll(test::App &app, const QStringList &typed)

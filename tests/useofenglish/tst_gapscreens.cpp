@@ -205,6 +205,42 @@ private Q_SLOTS:
         QCOMPARE(shows(*app, u"Help"_s), !test);
     }
 
+    void buttonsStayLitUntilTheBackground()
+    {
+        app->openPractice(u"lblueca"_s, 1, 1);
+        auto *check = app->get<QLabel>(u"Check"_s);
+        auto *caption = app->get<QLabel>(u"lblCheck"_s);
+        const QColor pale(169, 191, 222);
+        QCOMPARE(caption->palette().color(QPalette::WindowText), pale);
+        app->hover(u"Check"_s);
+        QTest::mouseMove(check, check->rect().topLeft() + QPoint(2, 2));
+        QCOMPARE(check->property("picture").toString(), u"check-lit"_s);
+        QCOMPARE(caption->palette().color(QPalette::WindowText), QColor(Qt::white));
+        app->hover(u"lblCheck"_s);
+        QCOMPARE(check->property("picture").toString(), u"check-lit"_s);
+        // Only the screen's own background puts it back.
+        QTest::mouseMove(app->top(), QPoint(4, 700));
+        QCOMPARE(check->property("picture").toString(), u"check"_s);
+        QCOMPARE(caption->palette().color(QPalette::WindowText), pale);
+    }
+
+    void clockBalloonFollowsTheClock()
+    {
+        app->state.ClockShown = true;
+        app->openPractice(u"lblueca"_s, 1, 1);
+        app->click(u"imgTime"_s);
+        QCOMPARE(app->text(u"lblShowtime"_s), u"Time so far: 0'\nTime remaining: 15'"_s);
+        app->state.Clock.tick();
+        app->state.Clock.tick();
+        QCOMPARE(app->text(u"lblShowtime"_s), u"Time so far: 2'\nTime remaining: 13'"_s);
+        // The balloon covers neither the score nor an answer.
+        const QRect balloon = app->control(u"imgTimeballoon"_s)->geometry();
+        QVERIFY(!balloon.intersects(app->control(u"lblScore"_s)->geometry()));
+        for (int n = 1; n <= 15; ++n)
+            if (QWidget *box = app->top()->findChild<QWidget *>(u"Text%1"_s.arg(n)))
+                QVERIFY(!balloon.intersects(box->geometry()));
+    }
+
     void testSectionKeepsAnswersAndScoresSilently_data()
     {
         QTest::addColumn<int>("kind");
@@ -271,7 +307,7 @@ private Q_SLOTS:
     {
         app->openPractice(u"lbluecb"_s, 1, 1);
         QCOMPARE(app->topCode(), u"uecb"_s);
-        QCOMPARE(app->text(u"lblInstruction"_s), u"Complete the passage by writing ONE word\rin each box."_s);
+        QCOMPARE(app->text(u"lblInstruction"_s), u"Complete the passage by writing ONE word\nin each box."_s);
         QCOMPARE(app->text(u"lblHead3"_s), u"OPEN CLOZE"_s);
         for (int n = 1; n <= 15; ++n) {
             QCOMPARE(shows(*app, u"Text%1"_s.arg(n)), n <= 12);
