@@ -22,10 +22,14 @@ private Q_SLOTS:
         QTest::addColumn<bool>("right");
         QTest::newRow("letter") << u"B"_s << u"B"_s << 1 << true;
         QTest::newRow("lower case typed") << u"b"_s << u"B"_s << 1 << true;
-        QTest::newRow("trailing blank") << u"B "_s << u"B"_s << 0 << false;
-        QTest::newRow("leading blank") << u" B"_s << u"B"_s << 0 << false;
+        // Blanks around an answer and the case of a letter never make it wrong.
+        QTest::newRow("trailing blank") << u"b "_s << u"B"_s << 1 << true;
+        QTest::newRow("leading blank") << u" B"_s << u"B"_s << 1 << true;
+        QTest::newRow("blanks around two letters") << u" da "_s << u"AD"_s << 2 << true;
         QTest::newRow("empty box") << u""_s << u"B"_s << 0 << false;
-        QTest::newRow("lower-case key never matches") << u"b"_s << u"b"_s << 0 << false;
+        QTest::newRow("blanks only") << u"   "_s << u"B"_s << 0 << false;
+        QTest::newRow("lower-case key") << u"b"_s << u"b"_s << 1 << true;
+        QTest::newRow("key with a blank after it") << u"C"_s << u"C "_s << 1 << true;
         QTest::newRow("two letters, any order") << u"da"_s << u"AD"_s << 2 << true;
         QTest::newRow("two letters, repeated letter counts once") << u"AA"_s << u"AD"_s << 1 << false;
         QTest::newRow("two letters, only the first two count") << u"ABD"_s << u"AD"_s << 1 << false;

@@ -124,9 +124,9 @@ private Q_SLOTS:
         QTest::newRow("he good pass: its own picture, the sound of a pass")
             << 1 << 2 << QStringList{u"A"_s, u"B"_s, u"C"_s, u"D"_s, u"E"_s, u"F"_s} << u"6 out of 8"_s
             << u"A good pass"_s << 3 << u"chimes.wav"_s << u"YYYYYYNN"_s;
-        QTest::newRow("mc padded letters") << 2 << 7 << QStringList{u"B "_s, u" B"_s, u"A."_s, u"A"_s, u"C"_s}
-                                           << u"2 out of 6"_s << u"Sorry, only some answers correct."_s << 6
-                                           << u"chord.wav"_s << u"NNNYYN"_s;
+        QTest::newRow("mc blanks around letters count") << 2 << 7 << QStringList{u"b "_s, u" B"_s, u"A."_s, u"A"_s, u"C"_s}
+                                                        << u"4 out of 6"_s << u"OK - a pass"_s << 4 << u"chimes.wav"_s
+                                                        << u"YYNYYN"_s;
         QTest::newRow("mc nothing typed") << 2 << 7 << QStringList{} << u"0 out of 6"_s << u"What happened?"_s << 7
                                           << u"ohdear.wav"_s << u"NNNNNN"_s;
         QTest::newRow("ma counts each letter") << 4 << 1 << QStringList{u"b"_s, u"A"_s, u"da"_s, u"D"_s}

@@ -182,15 +182,18 @@ private Q_SLOTS:
         QTest::newRow("choice: commas in answer") << 6 << u"de,cided,"_s << u"decided/a/b/c"_s << 1;
         QTest::newRow("choice: comma in key") << 6 << u"well known"_s << u"well, known/a/b/c"_s << 1;
         QTest::newRow("choice: double space") << 6 << u"well  known"_s << u"well known/a/b/c"_s << 1;
-        QTest::newRow("choice: trailing space") << 6 << u"decided "_s << u"decided/a/b/c"_s << 0;
+        QTest::newRow("choice: trailing space") << 6 << u"decided "_s << u"decided/a/b/c"_s << 1;
         QTest::newRow("choice: no choice") << 6 << QString() << u"decided/a/b/c"_s << 0;
         QTest::newRow("open: second accepted, capitals") << 7 << u"At"_s << u"in/at//"_s << 1;
         QTest::newRow("open: letters spaced apart") << 7 << u"a t"_s << u"in/at//"_s << 0;
+        QTest::newRow("open: blanks around") << 7 << u" at "_s << u"in/at//"_s << 1;
+        QTest::newRow("open: blanks only") << 7 << u"  "_s << u"in///"_s << 0;
         QTest::newRow("open: empty never matches an empty") << 7 << QString() << u"in///"_s << 0;
         QTest::newRow("open: repeated accepted counts twice") << 7 << u"on"_s << u"on/on//"_s << 2;
         QTest::newRow("lines: empty box, correct line") << 9 << QString() << QString() << 1;
         QTest::newRow("lines: word on a correct line") << 9 << u"the"_s << QString() << 0;
         QTest::newRow("lines: extra word in capitals") << 9 << u"THE"_s << u"The"_s << 1;
+        QTest::newRow("lines: extra word with a blank typed after it") << 9 << u"the "_s << u"the"_s << 1;
     }
     void comparisons()
     {

@@ -53,8 +53,11 @@ QStringList splitSlashKey(const QString &key)
     return key.isEmpty() ? QStringList() : key.split(u'/');
 }
 
-int scoreReadingAnswer(const QString &answer, const QString &key, bool *right)
+int scoreReadingAnswer(const QString &typed, const QString &keyText, bool *right)
 {
+    // Blanks around an answer never make it wrong, and a letter is a letter in either case.
+    const QString answer = typed.trimmed().toUpper();
+    const QString key = keyText.trimmed().toUpper();
     if (right)
         *right = false;
     const qsizetype letters = key.size();

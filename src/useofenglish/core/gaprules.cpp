@@ -103,14 +103,16 @@ QString RemoveCommas(QString text)
 
 bool SameAnswer(const QString &answer, const QString &key)
 {
-    return answer.toUpper() == key.toUpper();
+    // Blanks typed before or after an answer never make it wrong.
+    return answer.trimmed().toUpper() == key.trimmed().toUpper();
 }
 
 int OpenClozeMatches(const QString &answer, const Alternatives &accepted)
 {
     int matches = 0;
+    const QString given = answer.trimmed().toUpper();
     for (const QString &a : accepted)
-        if (!answer.isEmpty() && answer.toUpper() == a.toUpper())
+        if (!given.isEmpty() && given == a.trimmed().toUpper())
             ++matches;
     return matches;
 }
