@@ -80,6 +80,12 @@ void ReadingScreen::addAnswerRow(int i, QRect number, QRect box, QRect answer, q
     key->setPalette(pal);
     key->hide();
     m_answers.append(key);
+    // Right and wrong are told by a mark as well as by colour.
+    const int side = answer.height() * 3 / 4;
+    QLabel *mark = addPicture(QStringLiteral("imgMark%1").arg(i), QStringLiteral("tick"),
+                              QRect(answer.right() + 3, answer.center().y() - side / 2, side, side));
+    mark->hide();
+    m_marks.append(mark);
 }
 
 QStringList ReadingScreen::splitKey(const QString &key) const
@@ -173,14 +179,27 @@ void ReadingScreen::lockAnswerBoxes()
 void ReadingScreen::showCorrectAnswers()
 {
     lockAnswerBoxes();
+    // Once the answers are shown a check can no longer mean anything.
+    Check->hide();
+    lblCheck->hide();
     const QColor windowText = QGuiApplication::palette().color(QPalette::WindowText);
     for (int i = 1; i <= std::min(questionCount(), boxCount()); ++i) {
+        const bool right = state.ReadingResults.at(kind(), i);
         QLabel *l = answerLabel(i);
         l->setText(m_keys.at(i - 1));
         QPalette pal = l->palette();
-        pal.setColor(QPalette::WindowText, state.ReadingResults.at(kind(), i) ? windowText : QColor(255, 0, 0));
+        pal.setColor(QPalette::WindowText, right ? windowText : ui::wrongAnswerColour());
         l->setPalette(pal);
+        l->setAccessibleName(QStringLiteral("Correct answer to question %1: %2, %3")
+                                 .arg(i)
+                                 .arg(m_keys.at(i - 1), right ? QStringLiteral("you were right")
+                                                              : QStringLiteral("you were wrong")));
         l->show();
+        QLabel *mark = m_marks.at(i - 1);
+        setPicture(mark, right ? QStringLiteral("tick") : QStringLiteral("cross"));
+        mark->setAccessibleName(right ? QStringLiteral("Right") : QStringLiteral("Wrong"));
+        mark->show();
+        mark->raise();
     }
     showScoreLine();
 }
@@ -190,6 +209,8 @@ void ReadingScreen::hideScoreAndAnswers()
     lblScore->hide();
     for (QLabel *l : std::as_const(m_answers))
         l->hide();
+    for (QLabel *m : std::as_const(m_marks))
+        m->hide();
 }
 
 void ReadingScreen::showScoreLine()

@@ -99,7 +99,7 @@ private:
 
     DataFile m_file;
     QList<QLineEdit *> m_boxes;
-    QList<QLabel *> m_numbers, m_answers;
+    QList<QLabel *> m_numbers, m_answers, m_marks;
     QStringList m_keys;
     int m_total = 0;
 };

@@ -6,6 +6,13 @@
 
 namespace sd::ui {
 
+/// The colour of a wrong answer shown beside its key: a dark red that keeps 4.5:1 against the light
+/// plates it is drawn on (pure red does not).
+inline QColor wrongAnswerColour()
+{
+    return QColor(176, 0, 0);
+}
+
 /// The keyboard focus mark of our own controls: a ring, not the pointer's highlight.
 QColor focusRingColour();
 void drawFocusRing(QWidget *w);

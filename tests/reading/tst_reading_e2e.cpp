@@ -82,7 +82,7 @@ private Q_SLOTS:
         for (int i = 1; i <= right.size(); ++i) {
             const QJsonObject key = run.control(code, u"lblAnswer%1"_s.arg(i), 1);
             QVERIFY(key[u"visible"_s].toBool());
-            QCOMPARE(key[u"color"_s].toString(), right.at(i - 1) == u'Y' ? windowText : u"#ff0000"_s);
+            QCOMPARE(key[u"color"_s].toString(), right.at(i - 1) == u'Y' ? windowText : u"#b00000"_s);
         }
         QVERIFY(!run.control(u"Pracchoice"_s, u"lblSelect1"_s, 2).isEmpty());
     }

@@ -4,6 +4,7 @@
 #include "frame/core/verdicts.h"
 #include "reading/core/readingscore.h"
 #include "readingdata.h"
+#include "ui/imagebutton.h"
 #include "ui/pictures.h"
 
 #include <QLineEdit>
@@ -168,13 +169,19 @@ private Q_SLOTS:
             QVERIFY(key->isVisible());
             QCOMPARE(key->text(), app->state.ReadingKeys[i]);
             QCOMPARE(key->palette().color(QPalette::WindowText),
-                     right.at(i - 1) == u'Y' ? QGuiApplication::palette().color(QPalette::WindowText) : QColor(255, 0, 0));
+                     right.at(i - 1) == u'Y' ? QGuiApplication::palette().color(QPalette::WindowText) : ui::wrongAnswerColour());
+            // Right and wrong are marked, not only coloured.
+            QLabel *mark = app->get<QLabel>(u"imgMark%1"_s.arg(i));
+            QVERIFY(mark->isVisible());
+            QCOMPARE(mark->property("picture").toString(), right.at(i - 1) == u'Y' ? u"tick"_s : u"cross"_s);
             QVERIFY(app->get<QLineEdit>(u"Text%1"_s.arg(i))->isReadOnly());
             QCOMPARE(app->state.ReadingResults.at(kind, i), right.at(i - 1) == u'Y');
         }
         if (auto *next = app->top()->findChild<QWidget *>(u"lblAnswer%1"_s.arg(right.size() + 1)))
             QVERIFY(!next->isVisible());
         QCOMPARE(int(app->state.LastExerciseScore), score.section(u' ', 0, 0).toInt());
+        // With the answers in view, checking again can mean nothing.
+        QVERIFY(!app->control(u"Check"_s)->isVisible());
     }
 
     void tryAgainKeepsTheAnswers()
