@@ -208,13 +208,15 @@ void GapExerciseScreen::restoreAnswers()
 
 void GapExerciseScreen::ShowWrongMarks()
 {
+    // Every gap gets its mark, a cross or a tick: right and wrong are never told by colour alone.
     for (int n = 1; n <= 15; ++n) {
-        if (n > 10 && n > state.GapCount)
+        if (!Image[n] || n > state.GapCount)
             continue;
-        if (Image[n] && !state.GapEverCorrect[n]) {
-            Image[n]->show();
-            Image[n]->raise();
-        }
+        const bool right = state.GapEverCorrect[n];
+        setPicture(Image[n], right ? QStringLiteral("tick") : QStringLiteral("cross"));
+        Image[n]->setAccessibleName(right ? QStringLiteral("Gap %1 right").arg(n) : QStringLiteral("Gap %1 wrong").arg(n));
+        Image[n]->show();
+        Image[n]->raise();
     }
 }
 

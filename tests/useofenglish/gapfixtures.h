@@ -39,11 +39,13 @@ inline bool shows(const App &app, const QString &name)
 }
 
 /// The gaps whose mark shows.
+/// The gaps marked wrong (a cross); every other gap shown with marks has a tick.
 inline QList<int> marksShown(const App &app)
 {
     QList<int> out;
     for (int n = 1; n <= 15; ++n)
-        if (shows(app, QStringLiteral("Image%1").arg(n)))
+        if (shows(app, QStringLiteral("Image%1").arg(n))
+            && app.control(QStringLiteral("Image%1").arg(n))->property("picture").toString() == QStringLiteral("cross"))
             out.append(n);
     return out;
 }
