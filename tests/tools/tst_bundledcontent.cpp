@@ -9,6 +9,10 @@
 #include "recordrules.h"
 #include "useofenglish/core/gapscoring.h"
 
+#include <QRegularExpression>
+
+#include <algorithm>
+
 using namespace sd;
 using namespace Qt::StringLiterals;
 
@@ -93,7 +97,7 @@ private Q_SLOTS:
         QCOMPARE(report.errors, QStringList());
         for (const auto &[kind, file] : kKinds) {
             const QString name = QString::fromLatin1(dataFileInfo(file).fileName);
-            const QRegularExpression row(name + uR"(\s+10/10\s+\d+/10\s+\d+/10\s+x01)"_s);
+            const QRegularExpression row(name + uR"(\s+10/10\s+10/10\s+10/10\s+x01)"_s);
             QVERIFY2(row.match(report.coverage).hasMatch(), qPrintable(report.coverage));
         }
     }
@@ -142,6 +146,83 @@ private Q_SLOTS:
             for (int i = 0; i < 15; ++i)
                 QVERIFY2(lines.at(i).startsWith(QString::number(i + 1) + u". "_s), qPrintable(lines.at(i)));
         }
+    }
+
+    void everyExerciseHasASubjectAndATitleOfItsOwn()
+    {
+        // The subjects list names every exercise under its own title, and no title is used twice.
+        QFile list(test::contentDir() + u"/subjects.md"_s);
+        QVERIFY(list.open(QIODevice::ReadOnly | QIODevice::Text));
+        QHash<QString, QString> listed; // "rcmc 201" -> title
+        const QRegularExpression line(uR"(^(\w+) (\w+) \| (.+?) \| (.+)$)"_s);
+        for (const QString &l : QString::fromUtf8(list.readAll()).split(u'\n')) {
+            const QRegularExpressionMatch m = line.match(l);
+            if (m.hasMatch())
+                listed.insert(m.captured(1) + u' ' + m.captured(2), m.captured(3));
+        }
+        QHash<QString, QString> titles; // title -> exercise
+        const QDir content(test::contentDir());
+        for (const QString &kind : content.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+            if (kind == u"help"_s)
+                continue;
+            for (const QString &file : QDir(content.filePath(kind)).entryList({u"*.md"_s})) {
+                const QString exercise = kind + u' ' + file.chopped(3);
+                QFile f(content.filePath(kind + u'/' + file));
+                QVERIFY(f.open(QIODevice::ReadOnly | QIODevice::Text));
+                const QString title = QRegularExpression(u"^title: *(.+)$"_s, QRegularExpression::MultilineOption)
+                                          .match(QString::fromUtf8(f.readAll()))
+                                          .captured(1)
+                                          .trimmed();
+                QVERIFY2(listed.contains(exercise), qPrintable(exercise + u" is not in content/subjects.md"_s));
+                QCOMPARE(listed.value(exercise), title);
+                QVERIFY2(!titles.contains(title.toLower()),
+                         qPrintable(exercise + u" has the title of "_s + titles.value(title.toLower())));
+                titles.insert(title.toLower(), exercise);
+            }
+        }
+    }
+
+    void rightOptionIsNotUsuallyTheLongest_data()
+    {
+        QTest::addColumn<QString>("kind");
+        QTest::newRow("reading multiple choice") << u"rcmc"_s;
+        QTest::newRow("multiple-choice cloze") << u"ueca"_s;
+    }
+    void rightOptionIsNotUsuallyTheLongest()
+    {
+        // A student who always picks the longest option must do no better than chance (one in four).
+        QFETCH(QString, kind);
+        int questions = 0, longest = 0;
+        const QDir dir(test::contentDir() + u'/' + kind);
+        for (const QString &file : dir.entryList({u"*.md"_s})) {
+            QFile f(dir.filePath(file));
+            QVERIFY(f.open(QIODevice::ReadOnly | QIODevice::Text));
+            const QString text = QString::fromUtf8(f.readAll());
+            QList<QStringList> sets; // the right option first
+            if (kind == u"ueca"_s) {
+                const QRegularExpression gap(uR"(^\d+\. (.+)$)"_s, QRegularExpression::MultilineOption);
+                for (auto it = gap.globalMatch(text.section(u"@gaps"_s, 1)); it.hasNext();)
+                    sets << it.next().captured(1).split(u" / "_s);
+            } else {
+                const QRegularExpression option(uR"(^[A-G]\. (.+)$)"_s, QRegularExpression::MultilineOption);
+                for (const QString &block : text.split(u"@question"_s).mid(1)) {
+                    QStringList options;
+                    for (auto it = option.globalMatch(block); it.hasNext();) {
+                        const QString o = it.next().captured(1).trimmed();
+                        o.endsWith(u" *"_s) ? options.prepend(o.chopped(2)) : options.append(o);
+                    }
+                    sets << options;
+                }
+            }
+            for (const QStringList &options : std::as_const(sets)) {
+                ++questions;
+                const auto lengths = [](const QString &a, const QString &b) { return a.size() < b.size(); };
+                if (options.first().size() >= std::max_element(options.cbegin(), options.cend(), lengths)->size())
+                    ++longest;
+            }
+        }
+        QVERIFY(questions > 100);
+        QVERIFY2(longest * 4 <= questions, qPrintable(u"%1 of %2"_s.arg(longest).arg(questions)));
     }
 
 private:
