@@ -1,4 +1,5 @@
 #include "frame/core/services.h"
+#include "frame/core/settings.h"
 #include "frame/core/state.h"
 #include "frame/navigator.h"
 #include "frame/printerqt.h"
@@ -12,6 +13,7 @@
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFileInfo>
+#include <QSettings>
 #include <QTextStream>
 
 #include <cstdio>
@@ -65,7 +67,9 @@ int main(int argc, char **argv)
         app = std::make_unique<QCoreApplication>(argc, argv);
     else
         app = std::make_unique<QApplication>(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("studydesk"));
+    QCoreApplication::setOrganizationName(QString::fromLatin1(sd::OrganisationName));
+    QCoreApplication::setApplicationName(QString::fromLatin1(sd::ApplicationName));
+    QGuiApplication::setDesktopFileName(QString::fromLatin1(sd::DesktopId));
     QGuiApplication::setApplicationDisplayName(QStringLiteral("StudyDesk"));
     QCoreApplication::setApplicationVersion(QStringLiteral(STUDYDESK_VERSION));
 
@@ -110,6 +114,10 @@ int main(int argc, char **argv)
 
     sd::ProgramState state(*sound, *seeds);
     state.StartDir = start;
+    {
+        QSettings store;
+        sd::StudentSettings::load(store).applyTo(state);
+    }
     state.Clock.setAutomatic(!scripted);
 
     sd::Navigator nav(state);

@@ -1,7 +1,16 @@
 #include "menus.h"
 
 #include "core/services.h"
+#include "core/settings.h"
 #include "core/state.h"
+
+#include <QCheckBox>
+#include <QCoreApplication>
+#include <QPushButton>
+#include <QSettings>
+#include <QSlider>
+
+#include <algorithm>
 
 namespace sd {
 
@@ -48,6 +57,11 @@ Intro::Intro(ProgramState &s, Navigator &nav) : AppScreen(QStringLiteral("Intro"
                                        QRect(362, 490, 300, 44), 18, c);
     ui::MenuLabel *test = addMenuLabel(QStringLiteral("lblTest"), QStringLiteral("test papers"),
                                        QRect(362, 550, 300, 44), 18, c);
+    ui::MenuLabel *settings = addMenuLabel(QStringLiteral("lblSettings"), QStringLiteral("settings"),
+                                           QRect(362, 610, 300, 44), 18, c);
+    ui::MenuLabel *exit = addMenuLabel(QStringLiteral("lblExit"), QStringLiteral("exit"), QRect(362, 670, 300, 44), 18, c);
+    onClick(settings, [this] { this->nav().open(QStringLiteral("Settings")); });
+    onClick(exit, [] { QCoreApplication::quit(); });
 
     onClick(about, [this] { openHelp(QStringLiteral("helpgen")); });
     onClick(prog, [this] { openHelp(QStringLiteral("helpprog")); });
@@ -220,11 +234,81 @@ ErrorScreen::ErrorScreen(ProgramState &s, Navigator &nav) : AppScreen(QStringLit
 {
     setDesignSize(QSize(460, 240));
     setWindowTitle(QStringLiteral("StudyDesk"));
-    s.Sound.beep();
+    if (s.SoundOn)
+        s.Sound.beep();
     addLabel(QStringLiteral("Label1"), s.ErrorText, QRect(20, 20, 420, 120), 14, true, Qt::AlignCenter);
     ui::ImageButton *cont = addButton(QStringLiteral("Continue"), QStringLiteral("continue"), QRect(204, 146, 52, 52),
                                       QStringLiteral("lblContinue"), QStringLiteral("Continue"));
     onClick(cont, [this] { closeScreen(); });
+}
+
+Settings::Settings(ProgramState &s, Navigator &nav) : AppScreen(QStringLiteral("Settings"), s, nav)
+{
+    setBackgroundPicture(QStringLiteral("background"));
+    title(this, QStringLiteral("lblSelect1"), QStringLiteral("SETTINGS"), QRect(112, 60, 800, 60), 24);
+    auto check = [this](const QString &name, const QString &text, bool on, int y) {
+        auto *box = new QCheckBox(text, this);
+        box->setObjectName(name);
+        box->setChecked(on);
+        box->setAccessibleName(text);
+        place(box, QRect(262, y, 500, 44), 16);
+        connect(box, &QCheckBox::toggled, this, [this] { changed(); });
+        return box;
+    };
+    check(QStringLiteral("chkClock"), QStringLiteral("Show the clock on exercise screens"), s.ClockShown, 170);
+    check(QStringLiteral("chkSound"), QStringLiteral("Play sounds"), s.SoundOn, 240);
+    addLabel(QStringLiteral("lblVolume"), QStringLiteral("Volume"), QRect(300, 300, 140, 40), 14);
+    auto *volume = new QSlider(Qt::Horizontal, this);
+    volume->setObjectName(QStringLiteral("sldVolume"));
+    volume->setRange(0, 100);
+    volume->setSingleStep(10);
+    volume->setPageStep(20);
+    volume->setValue(s.Volume);
+    volume->setAccessibleName(QStringLiteral("Volume"));
+    place(volume, QRect(450, 300, 300, 40));
+    connect(volume, &QSlider::valueChanged, this, [this] { changed(); });
+    check(QStringLiteral("chkWebPages"), QStringLiteral("Show passages as web pages"), s.ShowWebPages, 370);
+
+    m_textSize = addLabel(QStringLiteral("lblTextSize"), QString(), QRect(262, 440, 300, 44), 16);
+    auto step = [this](const QString &name, const QString &caption, int x, int delta) {
+        auto *b = new QPushButton(caption, this);
+        b->setObjectName(name);
+        b->setAccessibleName(name == QStringLiteral("btnNormal") ? QStringLiteral("Normal text size")
+                             : delta > 0                         ? QStringLiteral("Larger text")
+                                                                 : QStringLiteral("Smaller text"));
+        place(b, QRect(x, 442, 64, 40), 14);
+        connect(b, &QPushButton::clicked, this, [this, delta] {
+            state.TextStep = delta == 0 ? 0
+                                        : std::clamp(state.TextStep + delta, StudentSettings::SmallestTextStep,
+                                                     StudentSettings::LargestTextStep);
+            changed();
+        });
+    };
+    step(QStringLiteral("btnSmaller"), QStringLiteral("A-"), 572, -1);
+    step(QStringLiteral("btnNormal"), QStringLiteral("A"), 642, 0);
+    step(QStringLiteral("btnLarger"), QStringLiteral("A+"), 712, +1);
+    showTextSize();
+
+    ui::ImageButton *quit = addButton(QStringLiteral("Quit"), QStringLiteral("back"), QRect(486, 620, 52, 52),
+                                      QStringLiteral("lblQuit"), QStringLiteral("Close"));
+    onClick(quit, [this] { closeScreen(); });
+}
+
+void Settings::showTextSize()
+{
+    m_textSize->setText(StudentSettings::textSizeCaption(state.TextStep));
+}
+
+void Settings::changed()
+{
+    state.ClockShown = findChild<QCheckBox *>(QStringLiteral("chkClock"))->isChecked();
+    state.SoundOn = findChild<QCheckBox *>(QStringLiteral("chkSound"))->isChecked();
+    state.Volume = findChild<QSlider *>(QStringLiteral("sldVolume"))->value();
+    state.ShowWebPages = findChild<QCheckBox *>(QStringLiteral("chkWebPages"))->isChecked();
+    findChild<QSlider *>(QStringLiteral("sldVolume"))->setEnabled(state.SoundOn);
+    showTextSize();
+    QSettings store(StudentSettings::storeOrganisation(), StudentSettings::storeApplication());
+    StudentSettings::from(state).save(store);
 }
 
 MessageBox::MessageBox(ProgramState &s, Navigator &nav) : AppScreen(QStringLiteral("MessageBox"), s, nav)

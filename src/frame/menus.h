@@ -64,6 +64,20 @@ public:
     ErrorScreen(ProgramState &state, Navigator &nav);
 };
 
+/// The student's settings: the clock, sounds and volume, passages as web pages, the size of the
+/// reading text. Every change takes effect at once and is kept for the next run.
+class Settings : public AppScreen
+{
+    Q_OBJECT
+public:
+    Settings(ProgramState &state, Navigator &nav);
+
+private:
+    void changed();
+    void showTextSize();
+    QLabel *m_textSize = nullptr;
+};
+
 /// A message box: MessageText in `lblMessage` and one button, `OK`. Used where the student is told
 /// something that is not an error of the program (a failed print or save).
 class MessageBox : public AppScreen

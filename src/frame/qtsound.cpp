@@ -32,6 +32,12 @@ void QtSound::stop()
         m_effect->stop();
 }
 
+void QtSound::setVolume(int volume)
+{
+    if (m_effect)
+        m_effect->setVolume(float(volume) / 100.0f);
+}
+
 void QtSound::beep()
 {
     QApplication::beep();

@@ -19,6 +19,7 @@ public:
     void play(const QString &path) override;
     void stop() override;
     void beep() override;
+    void setVolume(int volume) override;
 
 private:
     std::unique_ptr<QSoundEffect> m_effect;

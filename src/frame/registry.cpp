@@ -14,6 +14,7 @@ void registerFrameScreens(Navigator &nav)
     nav.registerScreen<Pracchoice>("Pracchoice");
     nav.registerScreen<ErrorScreen>("Error");
     nav.registerScreen<MessageBox>("MessageBox");
+    nav.registerScreen<Settings>("Settings");
     nav.registerScreen<Helpform>("Helpform");
     nav.registerScreen<About>("About");
 }

@@ -12,6 +12,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QProcess>
+#include <QStandardPaths>
 #include <QTest>
 #include <QTextEdit>
 
@@ -65,6 +66,8 @@ void DataDir::writeRtf(const QString &baseName, const QString &text)
 
 App::App(const QString &dataDir) : state(sound, seeds), nav(state)
 {
+    // Settings, drafts and history of screen tests never reach the student's own folders.
+    QStandardPaths::setTestModeEnabled(true);
     state.StartDir = dataDir;
     state.Clock.setAutomatic(false);
     registerFrameScreens(nav);

@@ -1,9 +1,14 @@
 // Start screen and practice menus, driven as a student would.
 
 #include "common/fixtures.h"
+#include "frame/core/settings.h"
+#include "frame/core/verdicts.h"
 #include "ui/imagebutton.h"
 
+#include <QCheckBox>
 #include <QLabel>
+#include <QSettings>
+#include <QTemporaryDir>
 #include <QTest>
 
 using namespace sd;
@@ -121,6 +126,53 @@ private Q_SLOTS:
         QCOMPARE(app->topCode(), u"Intro"_s);
         QVERIFY(!isLit(app->get<QLabel>(u"lblPrac"_s)));
         QCOMPARE(int(app->state.HoverIndex), 0);
+    }
+
+    void settingsTakeEffectAtOnceAndAreKept()
+    {
+        app->click(u"lblSettings"_s);
+        QCOMPARE(app->topCode(), u"Settings"_s);
+        app->get<QCheckBox>(u"chkClock"_s)->click();
+        app->get<QCheckBox>(u"chkSound"_s)->click();
+        app->click(u"btnLarger"_s);
+        app->click(u"btnLarger"_s);
+        QCOMPARE(app->text(u"lblTextSize"_s), u"Text size: 120%"_s);
+        QVERIFY(!app->state.ClockShown && !app->state.SoundOn);
+        QVERIFY(!app->control(u"sldVolume"_s)->isEnabled());
+        // A muted program plays nothing and reports nothing.
+        app->sound.events.clear();
+        PlaySound(app->state, 1);
+        QVERIFY(app->sound.events.isEmpty());
+        QSettings store(StudentSettings::storeOrganisation(), StudentSettings::storeApplication());
+        const StudentSettings kept = StudentSettings::load(store);
+        QVERIFY(!kept.clockShown && !kept.soundOn);
+        QCOMPARE(kept.textStep, 2);
+        app->click(u"Quit"_s);
+        QCOMPARE(app->topCode(), u"Intro"_s);
+        store.clear();
+    }
+
+    void keptSettingsAreChecked_data()
+    {
+        QTest::addColumn<QVariant>("volume");
+        QTest::addColumn<QVariant>("step");
+        QTest::addColumn<int>("volumeRead");
+        QTest::addColumn<int>("stepRead");
+        QTest::newRow("in range") << QVariant(30) << QVariant(-2) << 30 << -2;
+        QTest::newRow("volume too loud, text too large") << QVariant(300) << QVariant(40) << 80 << 0;
+        QTest::newRow("not numbers") << QVariant(u"loud"_s) << QVariant(u"big"_s) << 80 << 0;
+    }
+    void keptSettingsAreChecked()
+    {
+        QFETCH(QVariant, volume);
+        QFETCH(QVariant, step);
+        QTemporaryDir dir;
+        QSettings store(dir.filePath(u"s.ini"_s), QSettings::IniFormat);
+        store.setValue(u"sound/volume"_s, volume);
+        store.setValue(u"text/step"_s, step);
+        const StudentSettings s = StudentSettings::load(store);
+        QTEST(s.volume, "volumeRead");
+        QTEST(s.textStep, "stepRead");
     }
 
     void errorScreenBeepsAndSaysWhy_data()

@@ -14,6 +14,8 @@ public:
     virtual void play(const QString &path) = 0;
     /// A clip that was asked for but is missing or unreadable: nothing plays.
     virtual void missing(const QString &fileName) { Q_UNUSED(fileName); }
+    /// Loudness of the clips, 0 to 100.
+    virtual void setVolume(int volume) { Q_UNUSED(volume); }
     virtual void stop() = 0;
     virtual void beep() = 0;
 };

@@ -56,6 +56,10 @@ struct ProgramState
     QString Separator;
     Array<QColor, 1, 6> Colours;
     bool ShowWebPages = false; ///< Passages as web pages instead of rich text.
+    // The student's settings beyond the clock (kept between runs, see StudentSettings).
+    bool SoundOn = true;
+    int Volume = 80;   ///< 0 to 100
+    int TextStep = 0;  ///< reading text size in tenths above or below normal
 
     // Clock, verdicts and sounds.
     Int16 TargetMinutes, ElapsedMinutes, RemainingMinutes;

@@ -86,6 +86,10 @@ void PlaySound(ProgramState &s, int index)
 void PlayNamedSound(ProgramState &s, const QString &fileName)
 {
     s.Sound.stop();
+    // Sounds turned off play nothing at all, not even a report of what would have played.
+    if (!s.SoundOn)
+        return;
+    s.Sound.setVolume(s.Volume);
     // Only a wave file of the data directory within its size limit is handed to the sound output.
     const DataPath p = resolveDataFile(s.DataDir, fileName);
     bool playable = p.ok() && QFileInfo(p.path).size() <= MaxSoundBytes;
