@@ -1,6 +1,12 @@
 #include "appscreen.h"
 
+#include "core/settings.h"
 #include "core/state.h"
+
+#include <QKeyEvent>
+#include <QSettings>
+
+#include <algorithm>
 
 namespace sd {
 
@@ -19,8 +25,55 @@ void AppScreen::setHoverIndex(int n)
 void AppScreen::showEvent(QShowEvent *e)
 {
     ui::Screen::showEvent(e);
+    setTextFactor(StudentSettings::textFactor(state.TextStep));
     state.HoverIndex = 0;
     clearMenuHighlight();
+}
+
+bool AppScreen::clickButton(const QStringList &names)
+{
+    for (const QString &name : names) {
+        auto *b = findChild<ui::ImageButton *>(name);
+        if (b && b->isVisible() && b->isEnabled()) {
+            b->click();
+            return true;
+        }
+    }
+    return false;
+}
+
+void AppScreen::keyPressEvent(QKeyEvent *e)
+{
+    const bool ctrl = e->modifiers().testFlag(Qt::ControlModifier);
+    int step = state.TextStep;
+    if (e->key() == Qt::Key_Escape && isModalScreen()) {
+        // The least committal way out: never a score, never leaving an exercise.
+        if (clickButton({QStringLiteral("back"), QStringLiteral("Continue"), QStringLiteral("OK"),
+                         QStringLiteral("No"), QStringLiteral("Cancel"), QStringLiteral("Quit")}))
+            return;
+    } else if (e->key() == Qt::Key_F1) {
+        if (clickButton({QStringLiteral("Help")}))
+            return;
+    } else if (ctrl && e->key() == Qt::Key_P) {
+        if (clickButton({QStringLiteral("Printing")}))
+            return;
+    } else if (ctrl && (e->key() == Qt::Key_Plus || e->key() == Qt::Key_Equal)) {
+        step = std::min(step + 1, StudentSettings::LargestTextStep);
+    } else if (ctrl && e->key() == Qt::Key_Minus) {
+        step = std::max(step - 1, StudentSettings::SmallestTextStep);
+    } else if (ctrl && e->key() == Qt::Key_0) {
+        step = 0;
+    } else {
+        ui::Screen::keyPressEvent(e);
+        return;
+    }
+    if (step != state.TextStep) {
+        state.TextStep = step;
+        setTextFactor(StudentSettings::textFactor(step));
+        QSettings store(StudentSettings::storeOrganisation(), StudentSettings::storeApplication());
+        StudentSettings::from(state).save(store);
+    }
+    e->accept();
 }
 
 void AppScreen::guarded(const std::function<void()> &action)

@@ -30,6 +30,11 @@ public:
 protected:
     /// A screen starts with no menu label lit: the index of the last screen means nothing here.
     void showEvent(QShowEvent *e) override;
+    /// Keys every screen knows: Escape on a modal window (its least committal button), F1 (help),
+    /// Ctrl+P (print), Ctrl+plus, Ctrl+minus and Ctrl+0 (the reading text size).
+    void keyPressEvent(QKeyEvent *e) override;
+    /// Clicks the showing, enabled picture button of that name (or the first of several names).
+    bool clickButton(const QStringList &names);
     /// Default handling: the error screen with the message.
     virtual void handleError(const ProgramError &e);
     /// Calls action when the button (or its caption) is clicked, under the error handling.

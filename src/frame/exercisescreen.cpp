@@ -82,6 +82,21 @@ void ExerciseScreen::runLoad()
     ResetButtons();
 }
 
+void ExerciseScreen::showEvent(QShowEvent *e)
+{
+    AppScreen::showEvent(e);
+    if (m_shownOnce)
+        return;
+    m_shownOnce = true;
+    for (const QString &first : {QStringLiteral("Text1"), QStringLiteral("Combo1")}) {
+        auto *w = findChild<QWidget *>(first);
+        if (w && w->isVisibleTo(this) && w->isEnabled()) {
+            w->setFocus(Qt::OtherFocusReason);
+            return;
+        }
+    }
+}
+
 void ExerciseScreen::handleError(const ProgramError &e)
 {
     if (m_loading) {

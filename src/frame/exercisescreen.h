@@ -68,6 +68,8 @@ protected:
     /// Practice shows Help and Check; a test hides them. The clock follows ClockShown.
     void showModeButtons();
     void handleError(const ProgramError &e) override;
+    /// The first time the exercise shows, the first answer box has the keyboard focus.
+    void showEvent(QShowEvent *e) override;
     bool eventFilter(QObject *watched, QEvent *e) override;
 
     int kind() const { return m_kind; }
@@ -83,6 +85,7 @@ private:
 
     int m_kind;
     bool m_loading = false;
+    bool m_shownOnce = false;
     bool m_loadFailed = false;
 };
 

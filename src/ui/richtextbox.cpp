@@ -4,7 +4,11 @@
 #include "ui/rtf/rtfreader.h"
 
 #include <QPagedPaintDevice>
+#include <QTextBlock>
+#include <QTextCursor>
 #include <QTextDocument>
+
+#include <algorithm>
 
 namespace sd {
 
@@ -14,6 +18,57 @@ RichTextBox::RichTextBox(QWidget *parent)
     setReadOnly(true);
     setUndoRedoEnabled(false);
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+}
+
+namespace {
+constexpr int WrittenSize = QTextFormat::UserProperty + 1;
+}
+
+void scaleDocumentText(QTextDocument *doc, qreal factor)
+{
+    struct Piece
+    {
+        int position, length;
+        QTextCharFormat format;
+    };
+    QList<Piece> pieces;
+    for (QTextBlock b = doc->begin(); b.isValid(); b = b.next()) {
+        for (auto it = b.begin(); !it.atEnd(); ++it) {
+            const QTextFragment f = it.fragment();
+            if (!f.isValid())
+                continue;
+            QTextCharFormat fmt = f.charFormat();
+            qreal written = fmt.doubleProperty(WrittenSize);
+            if (written <= 0) {
+                if (!fmt.hasProperty(QTextFormat::FontPointSize))
+                    continue;
+                written = fmt.fontPointSize();
+                fmt.setProperty(WrittenSize, written);
+            }
+            fmt.setFontPointSize(std::max(4.0, written * factor));
+            pieces.append({f.position(), f.length(), fmt});
+        }
+    }
+    const bool undo = doc->isUndoRedoEnabled();
+    doc->setUndoRedoEnabled(false);
+    QTextCursor c(doc);
+    c.beginEditBlock();
+    for (const Piece &p : std::as_const(pieces)) {
+        c.setPosition(p.position);
+        c.setPosition(p.position + p.length, QTextCursor::KeepAnchor);
+        c.setCharFormat(p.format);
+    }
+    c.endEditBlock();
+    doc->setUndoRedoEnabled(undo);
+    doc->setModified(false);
+}
+
+void RichTextBox::setTextScale(qreal factor)
+{
+    if (qFuzzyCompare(factor, m_textScale))
+        return;
+    m_textScale = factor;
+    scaleDocumentText(document(), factor);
 }
 
 bool RichTextBox::loadFile(const QString &path)
@@ -28,6 +83,8 @@ bool RichTextBox::loadFile(const QString &path)
         clear();
         return false;
     }
+    if (!qFuzzyCompare(m_textScale, 1.0))
+        scaleDocumentText(document(), m_textScale);
     moveCursor(QTextCursor::Start);
     return true;
 }

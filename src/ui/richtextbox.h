@@ -3,8 +3,14 @@
 #include <QTextEdit>
 
 class QPagedPaintDevice;
+class QTextDocument;
 
 namespace sd {
+
+/// Sets every explicitly sized piece of text of the document to its size as written times `factor`
+/// (the sizes as written are kept in the formats, so repeated calls never drift). Text without a size
+/// of its own follows the box's font.
+void scaleDocumentText(QTextDocument *doc, qreal factor);
 
 /// Read-only box for an RTF passage, question sheet or help topic.
 class RichTextBox : public QTextEdit
@@ -26,9 +32,12 @@ public:
 
     /// What went wrong in the last loadFile, for the log; empty when it all went well.
     QString lastMessage() const { return m_lastMessage; }
+    /// Text sizes follow the window and the student's text size: `factor` times the sizes as written.
+    void setTextScale(qreal factor);
 
 private:
     QString m_lastMessage;
+    qreal m_textScale = 1.0;
 };
 
 } // namespace sd

@@ -2,6 +2,8 @@
 
 #include "imagebutton.h"
 #include "pictures.h"
+#include "richtextbox.h"
+#include "webpagebox.h"
 
 #include <QCloseEvent>
 #include <QFileInfo>
@@ -30,6 +32,16 @@ Screen::Screen(const QString &code, QWidget *parent) : QWidget(parent)
     resize(m_designSize);
 }
 
+void Screen::setTextFactor(qreal factor)
+{
+    if (qFuzzyCompare(factor, m_textFactor))
+        return;
+    m_textFactor = factor;
+    for (auto it = m_placements.cbegin(); it != m_placements.cend(); ++it)
+        if (qobject_cast<RichTextBox *>(it.key()) || qobject_cast<WebPageBox *>(it.key()))
+            applyPlacement(it.key(), it.value());
+}
+
 void Screen::setDesignSize(QSize size)
 {
     m_designSize = size;
@@ -51,11 +63,19 @@ void Screen::applyPlacement(QWidget *w, const Placement &p)
     const QRect r(m_offset + QPoint(qRound(p.rect.x() * m_scale), qRound(p.rect.y() * m_scale)),
                   QSize(qRound(p.rect.width() * m_scale), qRound(p.rect.height() * m_scale)));
     w->setGeometry(r);
+    // Reading text (rich-text and web-page boxes) also follows the student's text size.
+    auto *rich = qobject_cast<RichTextBox *>(w);
+    auto *web = qobject_cast<WebPageBox *>(w);
+    const qreal textScale = rich || web ? m_scale * m_textFactor : m_scale;
     if (p.fontPt > 0) {
         QFont f = w->font();
-        f.setPointSizeF(std::max(6.0, p.fontPt * m_scale));
+        f.setPointSizeF(std::max(6.0, p.fontPt * textScale));
         w->setFont(f);
     }
+    if (rich)
+        rich->setTextScale(textScale);
+    if (web)
+        web->setTextScale(textScale);
     if (!p.picture.isEmpty()) {
         w->setProperty("picture", QFileInfo(p.picture).completeBaseName());
         if (auto *label = qobject_cast<QLabel *>(w)) {

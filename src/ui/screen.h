@@ -57,6 +57,10 @@ public:
     virtual int hoverIndex() const { return m_hoverIndex; }
     virtual void setHoverIndex(int n) { m_hoverIndex = n; }
     qreal scale() const { return m_scale; }
+    /// The student's reading text size on top of the window's scale (1.0: as designed). Rich-text
+    /// and web-page boxes follow both.
+    void setTextFactor(qreal factor);
+    qreal textFactor() const { return m_textFactor; }
 
     /// Modal screens are shown as small windows over the main window.
     bool isModalScreen() const { return m_modal; }
@@ -89,6 +93,7 @@ private:
     QColor m_normalCaption, m_litCaption;
     QList<QPointer<MenuLabel>> m_menuLabels;
     qreal m_scale = 1.0;
+    qreal m_textFactor = 1.0;
     QPoint m_offset;
     bool m_modal = false;
     int m_hoverIndex = 0;

@@ -1,6 +1,7 @@
 #include "ui/webpagebox.h"
 
 #include "ui/files/datapath.h"
+#include "ui/richtextbox.h"
 
 #include <QBuffer>
 #include <QDir>
@@ -57,7 +58,17 @@ bool WebPageBox::show(const QString &path, const QString &root)
     setSearchPaths({root});
     document()->setBaseUrl(QUrl::fromLocalFile(root + u'/'));
     setHtml(html);
+    if (!qFuzzyCompare(m_textScale, 1.0))
+        scaleDocumentText(document(), m_textScale);
     return true;
+}
+
+void WebPageBox::setTextScale(qreal factor)
+{
+    if (qFuzzyCompare(factor, m_textScale))
+        return;
+    m_textScale = factor;
+    scaleDocumentText(document(), factor);
 }
 
 QString WebPageBox::localName(const QUrl &url) const

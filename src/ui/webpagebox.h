@@ -19,6 +19,8 @@ public:
     /// Loads `name` from the data directory `dataDir` through the data-file resolver.
     bool loadDataFile(const QString &dataDir, const QString &name);
     QString currentFile() const { return m_file; }
+    /// As RichTextBox::setTextScale.
+    void setTextScale(qreal factor);
 
 protected:
     QVariant loadResource(int type, const QUrl &name) override;
@@ -35,6 +37,7 @@ private:
 
     QString m_file;
     QString m_root;
+    qreal m_textScale = 1.0;
 };
 
 } // namespace sd

@@ -1,6 +1,7 @@
 // The four Reading exercise screens and their score windows, driven as a student would.
 
 #include "frame/core/printerdevice.h"
+#include "frame/core/settings.h"
 #include "frame/core/verdicts.h"
 #include "reading/core/readingscore.h"
 #include "readingdata.h"
@@ -8,6 +9,9 @@
 #include "ui/pictures.h"
 
 #include <QLineEdit>
+#include <QSettings>
+#include <QTextCursor>
+#include <QTextEdit>
 #include <QTest>
 
 using namespace sd;
@@ -182,6 +186,37 @@ private Q_SLOTS:
         QCOMPARE(int(app->state.LastExerciseScore), score.section(u' ', 0, 0).toInt());
         // With the answers in view, checking again can mean nothing.
         QVERIFY(!app->control(u"Check"_s)->isVisible());
+    }
+
+    void keysWorkWithoutAPointer()
+    {
+        app->openPractice(test::readingKindLabel(2), 1, 1);
+        auto *passage = app->get<QTextEdit>(u"RichTextBox1"_s);
+        const auto size = [passage] {
+            QTextCursor c(passage->document());
+            c.movePosition(QTextCursor::NextCharacter);
+            return c.charFormat().fontPointSize();
+        };
+        const qreal before = size();
+        // The reading text grows from the passage itself, and a second Ctrl+0 brings it back.
+        QTest::keyClick(passage, Qt::Key_Plus, Qt::ControlModifier);
+        QTest::keyClick(passage, Qt::Key_Plus, Qt::ControlModifier);
+        QCOMPARE(app->state.TextStep, 2);
+        QVERIFY(qAbs(size() - before * 1.2) < 0.01);
+        QTest::keyClick(passage, Qt::Key_0, Qt::ControlModifier);
+        QVERIFY(qAbs(size() - before) < 0.01);
+        // Escape does nothing on an exercise; F1 opens its help and Escape closes it again.
+        QTest::keyClick(app->control(u"Text1"_s), Qt::Key_Escape);
+        QCOMPARE(app->topCode(), u"rcmc"_s);
+        QTest::keyClick(app->control(u"Text1"_s), Qt::Key_F1);
+        QCOMPARE(app->topCode(), u"Helpform"_s);
+        QTest::keyClick(app->top(), Qt::Key_Escape);
+        app->settle();
+        QCOMPARE(app->topCode(), u"rcmc"_s);
+        // Ctrl+P prints the passage and its questions.
+        QTest::keyClick(app->control(u"Text1"_s), Qt::Key_P, Qt::ControlModifier);
+        QCOMPARE(static_cast<RecordingPrinter *>(app->state.Printer.get())->jobs.size(), 1);
+        QSettings(StudentSettings::storeOrganisation(), StudentSettings::storeApplication()).clear();
     }
 
     void tryAgainKeepsTheAnswers()
