@@ -354,7 +354,15 @@ void ScriptRunner::run(const QString &line)
         const QKeySequence seq = QKeySequence::fromString(keyName);
         if (seq.isEmpty())
             return fail(QStringLiteral("unknown key %1").arg(keyName));
-        sendKey(w, seq[0].key(), QString(), seq[0].keyboardModifiers());
+        // A printable key types its character, as it would on a keyboard.
+        const Qt::KeyboardModifiers mods = seq[0].keyboardModifiers();
+        QString text;
+        if ((mods & ~Qt::ShiftModifier) == Qt::NoModifier && seq[0].key() >= 0x20 && seq[0].key() < 0x7f) {
+            text = QString(QChar(seq[0].key()));
+            if (!mods.testFlag(Qt::ShiftModifier))
+                text = text.toLower();
+        }
+        sendKey(w, seq[0].key(), text, mods);
     } else if (cmd == u"save-as") {
         // The answer to the next save dialog: a path, or nothing to cancel it.
         auto *dialog = dynamic_cast<QueuedSaveDialog *>(m_state.SaveAs.get());

@@ -3,7 +3,7 @@
 #include "core/services.h"
 #include "core/state.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QScreen>
 
 namespace sd {
@@ -61,6 +61,8 @@ ui::Screen *Navigator::openModal(const QString &code, std::function<void()> onCl
     if (!s)
         return nullptr;
     s->setModalScreen(true);
+    // The control that had the focus gets it back when the window closes.
+    m_focusBefore.insert(s, QPointer<QWidget>(QApplication::focusWidget()));
     s->setParent(m_host, Qt::Dialog);
     s->setWindowModality(Qt::ApplicationModal);
     s->setAttribute(Qt::WA_DeleteOnClose);
@@ -116,6 +118,11 @@ void Navigator::close(ui::Screen *screen)
         m_modals.removeAll(screen);
         screen->hide();
         screen->deleteLater();
+        const QPointer<QWidget> before = m_focusBefore.take(screen);
+        QWidget *window = m_modals.isEmpty() ? m_host : static_cast<QWidget *>(m_modals.last());
+        window->activateWindow();
+        if (before && before->isVisible() && window->isAncestorOf(before))
+            before->setFocus(Qt::OtherFocusReason);
     } else {
         m_pageStack.removeAll(screen);
         m_pages->removeWidget(screen);
@@ -135,6 +142,7 @@ void Navigator::forget(QObject *object)
     m_pageStack.removeIf(same);
     m_modals.removeIf(same);
     m_onClosed.removeIf([object](const auto &it) { return static_cast<QObject *>(it.key()) == object; });
+    m_focusBefore.removeIf([object](const auto &it) { return static_cast<QObject *>(it.key()) == object; });
 }
 
 QList<ui::Screen *> Navigator::showing() const

@@ -4,6 +4,7 @@
 
 #include <QHash>
 #include <QObject>
+#include <QPointer>
 #include <QStackedLayout>
 
 #include <functional>
@@ -79,6 +80,7 @@ private:
     QList<ui::Screen *> m_pageStack;
     QList<ui::Screen *> m_modals;
     QHash<ui::Screen *, std::function<void()>> m_onClosed;
+    QHash<ui::Screen *, QPointer<QWidget>> m_focusBefore;
 };
 
 } // namespace sd
