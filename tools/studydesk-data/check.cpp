@@ -80,7 +80,10 @@ public:
 
 private:
     void checkFile(DataFile file);
-    void checkRecord(DataFile file, int n, const QStringList &fields, const QByteArray &raw);
+    void checkFile(DataFile file, QString name);
+    void checkWordFormationFiles();
+    void checkItemCounts(DataFile file, const QString &name);
+    void checkRecord(DataFile file, const QString &fileName, int n, const QStringList &fields, const QByteArray &raw);
     void checkReference(const QString &where, const FileReference &ref, DataFile file, const QStringList &fields);
     QString fileFault(const QString &name);
     void checkHelp(const QString &code);
@@ -93,6 +96,7 @@ private:
     QDir m_dir;
     Problems m_errors;
     std::map<DataFile, std::set<QString>> m_keys; ///< the keys the program finds, per file
+    std::map<QString, int> m_items;               ///< items per key of a one-item file
     std::set<DataFile> m_present;
     std::map<QString, QString> m_fileFaults; ///< each referenced file is read once
 };
@@ -103,6 +107,7 @@ CheckReport Checker::run()
         return {{m_dir.path() + u": no such directory"_s}, {}};
     for (int i = 0; i < DataFileCount; ++i)
         checkFile(DataFile(i));
+    checkWordFormationFiles();
     if (m_present.empty())
         m_errors << m_dir.path() + u": no exercise data files"_s;
     checkHelp(u"gen"_s);
@@ -111,18 +116,34 @@ CheckReport Checker::run()
     return {m_errors, coverage()};
 }
 
+bool oneItemFile(DataFile file)
+{
+    return file == DataFile::Uesc || file == DataFile::Uewb;
+}
+
 void Checker::checkFile(DataFile file)
 {
-    const DataFileInfo &info = dataFileInfo(file);
-    QString name = QString::fromLatin1(info.fileName);
+    if (file == DataFile::Uewb) // practice word formation reads the "wb" files instead
+        return;
+    const QString name = QString::fromLatin1(dataFileInfo(file).fileName);
     if (!m_dir.exists(name))
         return;
     m_present.insert(file);
+    checkFile(file, name);
+    if (file != DataFile::Comp && file != DataFile::ExamUewb)
+        checkHelp(kindCode(file));
+}
+
+void Checker::checkFile(DataFile file, QString name)
+{
+    const DataFileInfo &info = dataFileInfo(file);
+    const QString shown = name;
     const int length = info.layout.length;
     const qint64 size = QFileInfo(m_dir.filePath(name)).size();
     if (size % length != 0)
         m_errors << u"%1: %2 bytes is not a whole number of %3-byte records; the last record has only %4 bytes"_s
                         .arg(name).arg(size).arg(length).arg(size % length);
+    m_items.clear();
     // Read as the program reads: handle 1, the count rounded, the file's own record reader.
     try {
         m_state.RecordLength = length;
@@ -131,25 +152,64 @@ void Checker::checkFile(DataFile file)
         const int count = m_state.SearchRecordCount;
         for (int n = 1; n <= count; ++n) {
             const QStringList fields = ReadRecord(m_state, file, n);
-            checkRecord(file, n, fields, m_state.Files.reader(file).buffer());
+            checkRecord(file, shown, n, fields, m_state.Files.reader(file).buffer());
         }
         CloseDataFile(m_state);
     } catch (const ProgramError &e) {
-        m_errors << QString::fromLatin1(info.fileName) + u": cannot be read: "_s + e.message();
+        m_errors << shown + u": cannot be read: "_s + e.message();
     }
-    if (file != DataFile::Comp && file != DataFile::ExamUewb)
-        checkHelp(kindCode(file));
+    if (oneItemFile(file))
+        checkItemCounts(file, shown);
 }
 
-void Checker::checkRecord(DataFile file, int n, const QStringList &fields, const QByteArray &raw)
+/// The practice word-formation exercises: one file "wb" & level & exercise each, every record one
+/// sentence keyed with the exercise.
+void Checker::checkWordFormationFiles()
+{
+    static const QRegularExpression exerciseFile(u"^wb([1-3](0[1-9]|10))$"_s);
+    bool any = false;
+    for (const QString &name : m_dir.entryList({u"wb*"_s}, QDir::Files, QDir::Name)) {
+        const QRegularExpressionMatch m = exerciseFile.match(name);
+        if (!m.hasMatch())
+            continue;
+        any = true;
+        if (QFileInfo(m_dir.filePath(name)).size() == 0) {
+            m_errors << name + u": is empty; the program shows \"No file\""_s;
+            continue;
+        }
+        m_keys[DataFile::Uewb].insert(m.captured(1));
+        checkFile(DataFile::Uewb, name);
+    }
+    if (any) {
+        m_present.insert(DataFile::Uewb);
+        checkHelp(kindCode(DataFile::Uewb));
+    }
+}
+
+void Checker::checkItemCounts(DataFile file, const QString &name)
+{
+    for (const auto &[key, count] : m_items) {
+        if (file == DataFile::Uewb && u"wb"_s + key != name)
+            m_errors << u"%1: key %2: sentences of another exercise; every Code is %3"_s.arg(name, key, name.mid(2));
+        else if (keyKind(file, key) == KeyKind::Test && count != 10)
+            m_errors << u"%1: key %2: %3 items; a test section has 10"_s.arg(name, key).arg(count);
+        else if (count > 20)
+            m_errors << u"%1: key %2: %3 items; the screen takes at most 20"_s.arg(name, key).arg(count);
+    }
+}
+
+void Checker::checkRecord(DataFile file, const QString &fileName, int n, const QStringList &fields, const QByteArray &raw)
 {
     const LayoutInfo &layout = dataFileInfo(file).layout;
-    const QString fileName = QString::fromLatin1(dataFileInfo(file).fileName);
     const QString key = fields.value(0);
     QString where = fileName + u": key "_s + key;
-    if (key.isEmpty() || keyKind(file, key) == KeyKind::Bad)
+    if (key.isEmpty() || keyKind(file, key) == KeyKind::Bad) {
         where = fileName + u": record %1"_s.arg(n);
-    else if (!m_keys[file].insert(key).second) {
+    } else if (oneItemFile(file)) {
+        where += u", item %1"_s.arg(++m_items[key]);
+        if (file == DataFile::Uesc)
+            m_keys[file].insert(key);
+    } else if (!m_keys[file].insert(key).second) {
         m_errors << where + u": repeated in record %1; the program only finds the first"_s.arg(n);
         return;
     }
@@ -270,7 +330,8 @@ QString Checker::coverage() const
         } else {
             kindName = m_state.KindNames[kind];
         }
-        QString row = u"%1 %2 %3 "_s.arg(kind, 2).arg(kindName, -24).arg(QString::fromLatin1(dataFileInfo(file).fileName), -13);
+        const QString fileName = file == DataFile::Uewb ? u"wb files"_s : QString::fromLatin1(dataFileInfo(file).fileName);
+        QString row = u"%1 %2 %3 "_s.arg(kind, 2).arg(kindName, -24).arg(fileName, -13);
         if (!m_present.count(file)) {
             rows << row + u"no file"_s;
             continue;
