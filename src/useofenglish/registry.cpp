@@ -6,6 +6,7 @@
 #include "uecheck.h"
 #include "ueec.h"
 #include "oneitem.h"
+#include "uewbx.h"
 
 namespace sd {
 
@@ -23,6 +24,7 @@ void registerUseOfEnglishScreens(Navigator &nav)
     nav.registerScreen<uescscore>("uescscore");
     nav.registerScreen<uewbreview>("uewbreview");
     nav.registerScreen<uescreview>("uescreview");
+    nav.registerScreen<uewbx>("uewbx");
 }
 
 } // namespace sd

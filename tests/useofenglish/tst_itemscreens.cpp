@@ -66,6 +66,12 @@ private Q_SLOTS:
         writeWordFile(dir, u"wb103"_s, many);
         dir.writeRecords(DataFile::Uesc, {conversionItem(u"101"_s, u"One."_s), conversionItem(u"102"_s, u"Other."_s),
                                           conversionItem(u"101"_s, u"Two."_s)});
+        QStringList text{u"x01"_s, u"cooltext"_s, u"Keeping cool"_s};
+        for (int n = 1; n <= 10; ++n)
+            text << u"WORD%1/answer%1"_s.arg(n);
+        text << QString() << QString();
+        dir.writeRecords(DataFile::ExamUewb, {text});
+        dir.writeRtf(u"cooltext"_s, u"The city stays (1) .......... at night."_s);
     }
     void init() { app = std::make_unique<App>(dir.path()); }
     void cleanup() { app.reset(); }
@@ -214,6 +220,26 @@ private Q_SLOTS:
         QCOMPARE(app->topCode(), u"Error"_s);
         QCOMPARE(app->text(u"Label1"_s), u"Not found"_s);
         QCOMPARE(app->sound.events, QStringList{u"beep"_s});
+    }
+
+    void wordFormationTestText()
+    {
+        app->openTestSection(10, u"uewbx"_s, u"01"_s);
+        QCOMPARE(app->text(u"lblExid"_s), u"TEST 1"_s);
+        QCOMPARE(app->text(u"lblInstruction"_s), u"Use the word given to form a word which will complete the text."_s);
+        QCOMPARE(app->text(u"Label3"_s), u"3. WORD3"_s);
+        QVERIFY(!shows(*app, u"Check"_s) && !shows(*app, u"Text11"_s) && !shows(*app, u"Text15"_s));
+        for (int n = 1; n <= 10; ++n)
+            app->type(u"Text%1"_s.arg(n), n == 4 ? u"wrong"_s : u" ANSWER%1 "_s.arg(n));
+        app->click(u"Quit"_s);
+        QCOMPARE(int(app->state.SectionScore[5]), 9);
+
+        app->state.TestScored = true;
+        app->openTestSection(10, u"uewbx"_s, u"01"_s);
+        QCOMPARE(app->text(u"lblScore"_s), u"Score: 9 out of 10"_s);
+        QVERIFY(shows(*app, u"Text14"_s));
+        QCOMPARE(app->text(u"Text14"_s), u"answer4"_s);
+        QCOMPARE(marksShown(*app), QList<int>{4});
     }
 
     void levelLeftFromATestBecomesOne()
