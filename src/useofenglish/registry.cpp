@@ -6,6 +6,7 @@
 #include "uecheck.h"
 #include "ueec.h"
 #include "oneitem.h"
+#include "uescexam.h"
 #include "uewbx.h"
 
 namespace sd {
@@ -25,6 +26,9 @@ void registerUseOfEnglishScreens(Navigator &nav)
     nav.registerScreen<uewbreview>("uewbreview");
     nav.registerScreen<uescreview>("uescreview");
     nav.registerScreen<uewbx>("uewbx");
+    nav.registerScreen<uescexam>("uescexam");
+    nav.registerScreen<uescexamcheck>("uescexamcheck");
+    nav.registerScreen<uescfinalscore>("uescfinalscore");
 }
 
 } // namespace sd

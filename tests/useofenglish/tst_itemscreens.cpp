@@ -43,6 +43,22 @@ class TestItemScreens : public QObject
 
     DataDir dir;
     std::unique_ptr<App> app;
+    QList<QStringList> m_practice;
+
+    /// The test section as the section menu opens it; sentence conversion reads its items itself,
+    /// so there is no record to look for first.
+    void openConversionTest()
+    {
+        app->state.PracticeMode = false;
+        app->state.TestMode = true;
+        app->state.ActivityIndex = 2;
+        app->state.PaperIndex = 3;
+        app->state.ExerciseKind = 8;
+        app->state.LevelCode = u"01"_s;
+        SelectDataFile(app->state, 8);
+        app->nav.open(u"uescexam"_s);
+        app->settle();
+    }
 
     /// Answers every question of the run in hand, the first `right` of them correctly.
     void answerAll(int right, int count)
@@ -64,8 +80,9 @@ private Q_SLOTS:
         for (int i = 0; i < 25; ++i)
             many[i][1] = u"Sentence %1 .........."_s.arg(i + 1);
         writeWordFile(dir, u"wb103"_s, many);
-        dir.writeRecords(DataFile::Uesc, {conversionItem(u"101"_s, u"One."_s), conversionItem(u"102"_s, u"Other."_s),
-                                          conversionItem(u"101"_s, u"Two."_s)});
+        m_practice = {conversionItem(u"101"_s, u"One."_s), conversionItem(u"102"_s, u"Other."_s),
+                      conversionItem(u"101"_s, u"Two."_s)};
+        dir.writeRecords(DataFile::Uesc, m_practice);
         QStringList text{u"x01"_s, u"cooltext"_s, u"Keeping cool"_s};
         for (int n = 1; n <= 10; ++n)
             text << u"WORD%1/answer%1"_s.arg(n);
@@ -240,6 +257,43 @@ private Q_SLOTS:
         QVERIFY(shows(*app, u"Text14"_s));
         QCOMPARE(app->text(u"Text14"_s), u"answer4"_s);
         QCOMPARE(marksShown(*app), QList<int>{4});
+    }
+
+    void sentenceConversionTestSection()
+    {
+        QList<QStringList> test = m_practice;
+        for (int n = 1; n <= 10; ++n)
+            test << conversionItem(u"x01"_s, u"Test item %1."_s.arg(n));
+        dir.writeRecords(DataFile::Uesc, test);
+        openConversionTest();
+        QCOMPARE(app->topCode(), u"uescexam"_s);
+        QCOMPARE(app->text(u"lblExid"_s), u"TEST 1"_s);
+        QCOMPARE(app->text(u"lblFirst10"_s), u"10. Test item 10."_s);
+        QVERIFY(!shows(*app, u"Check"_s) && !shows(*app, u"Help"_s) && shows(*app, u"imgTime"_s));
+        for (int n = 1; n <= 10; ++n)
+            app->type(u"Text%1"_s.arg(n), n <= 7 ? u" Wish I'd brought "_s : u"wish I brought"_s);
+        app->sound.events.clear();
+        app->click(u"Quit"_s);
+        QVERIFY(app->sound.events.isEmpty());
+        QCOMPARE(int(app->state.SectionScore[3]), 7);
+        QVERIFY(app->state.SectionDone[3]);
+
+        openConversionTest(); // the answers are kept
+        QCOMPARE(app->text(u"Text8"_s), u"wish I brought"_s);
+        app->click(u"Quit"_s);
+
+        app->state.TestScored = true;
+        openConversionTest();
+        QCOMPARE(app->topCode(), u"uescexamcheck"_s);
+        QCOMPARE(app->text(u"lblScore"_s), u"Score: 7 out of 10"_s);
+        QVERIFY(app->sound.events.isEmpty());
+        app->click(u"seecorrect"_s);
+        QCOMPARE(app->topCode(), u"uescexam"_s);
+        QVERIFY(shows(*app, u"lblKey8"_s));
+        QCOMPARE(app->text(u"lblKey8"_s), u"wish I had brought"_s);
+        app->nav.openModal(u"uescfinalscore"_s);
+        QCOMPARE(app->text(u"lblScore"_s), u"7 out of 10"_s);
+        dir.writeRecords(DataFile::Uesc, m_practice);
     }
 
     void levelLeftFromATestBecomesOne()
