@@ -167,6 +167,7 @@ void ItemExerciseScreen::onCheck()
 
 void ItemExerciseScreen::onHelp()
 {
+    state.HelpCaller = kind();
     openHelp(itemScreens(kind()).help);
 }
 

@@ -7,21 +7,9 @@ namespace sd {
 uewbx::uewbx(ProgramState &s, Navigator &nav) : GapExerciseScreen(QStringLiteral("uewbx"), s, nav, 10)
 {
     // Text1..10 are the student's boxes; Text11..20 the correct answers laid over them.
-    buildPassageAndColumn(
-        [this](int n) {
-            auto *box = new QLineEdit(this);
-            box->setObjectName(QStringLiteral("Text%1").arg(n));
-            box->setAccessibleName(QStringLiteral("Gap %1").arg(n));
-            Text[n] = box;
-            return box;
-        },
-        QRect(16, 124, 620, 506), QStringLiteral("Key"));
+    buildTypedColumn(Text, QStringLiteral("Key"));
     for (int n = 1; n <= 15; ++n)
         KeyBox[n]->setObjectName(QStringLiteral("Text%1").arg(n + 10));
-    QList<QWidget *> chain;
-    for (int n = 1; n <= 10; ++n)
-        chain.append(Text[n]);
-    setGapTabOrder(chain);
 }
 
 void uewbx::load()
