@@ -153,6 +153,7 @@ void ItemExerciseScreen::load()
 void ItemExerciseScreen::showScore()
 {
     lblScore->setText(GapScoreLine(run->score(), QString::number(run->questionCount())));
+    lblScore->show();
 }
 
 void ItemExerciseScreen::onCheck()

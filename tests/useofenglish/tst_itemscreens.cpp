@@ -145,6 +145,7 @@ private Q_SLOTS:
         app->click(u"tryagain"_s);
         app->click(u"Check"_s);
         app->click(u"tryagain"_s);
+        QVERIFY(shows(*app, u"lblScore"_s));
         QCOMPARE(app->text(u"lblScore"_s), u"Score: 1 out of 7"_s);
         app->type(u"Text1"_s, u"happily"_s);
         app->click(u"Check"_s);
