@@ -292,9 +292,9 @@ uesccheck::uesccheck(ProgramState &s, Navigator &nav) : AppScreen(QStringLiteral
     }
 }
 
-ItemExerciseScreen *uesccheck::exercise() const
+ItemExerciseScreen *uesccheck::exercise()
 {
-    return dynamic_cast<ItemExerciseScreen *>(const_cast<uesccheck *>(this)->nav().find(itemScreens(state.ExerciseKind).exercise));
+    return dynamic_cast<ItemExerciseScreen *>(nav().find(itemScreens(state.ExerciseKind).exercise));
 }
 
 uescscore::uescscore(ProgramState &s, Navigator &nav) : AppScreen(QStringLiteral("uescscore"), s, nav)

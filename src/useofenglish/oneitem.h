@@ -120,7 +120,7 @@ class uesccheck : public AppScreen
 public:
     uesccheck(ProgramState &state, Navigator &nav);
 private:
-    ItemExerciseScreen *exercise() const;
+    ItemExerciseScreen *exercise();
 };
 
 /// The end-of-exercise score of both one-item kinds, modal over the exercise screen.
