@@ -9,6 +9,13 @@ namespace sd {
 
 namespace {
 constexpr int kMostAsked = 10;
+
+/// Text from data is shown as it is written, never read as markup.
+void plainText(std::initializer_list<QLabel *> labels)
+{
+    for (QLabel *l : labels)
+        l->setTextFormat(Qt::PlainText);
+}
 const QString kGap = QStringLiteral(".......................");
 } // namespace
 
@@ -212,6 +219,7 @@ uewb::uewb(ProgramState &s, Navigator &nav) : ItemExerciseScreen(QStringLiteral(
     Label2 = addLabel(QStringLiteral("Label2"), QString(), QRect(84, 320, 400, 40), 16, true);
     lblInfo = addLabel(QStringLiteral("lblInfo"), QString(), QRect(20, 740, 400, 20), 8);
     lblInfo->hide();
+    plainText({Label1, Label2, lblCorrectanswer});
     setTabOrder(Text1, Check);
 }
 
@@ -239,6 +247,7 @@ uesc::uesc(ProgramState &s, Navigator &nav) : ItemExerciseScreen(QStringLiteral(
     Label8 = addLabel(QStringLiteral("Label8"), QString(), QRect(500, 360, 440, 30), 12);
     for (QLabel *l : {Label7, Label8})
         l->hide();
+    plainText({Label1, Label2, Label7, Label8, lblCorrectanswer});
     setTabOrder(Text1, Check);
 }
 
@@ -357,6 +366,7 @@ ItemReviewScreen::ItemReviewScreen(const QString &code, ProgramState &s, Navigat
                                       QStringLiteral("lblNext"), QStringLiteral("Next question"));
     ui::ImageButton *quit = addButton(QStringLiteral("Quit"), QStringLiteral("exit"), QRect(680, 600, 52, 52),
                                       QStringLiteral("lblQuit"), QStringLiteral("Exit"));
+    plainText({Label1, Label2, lblAnswer});
     onClick(prev, [this] { step(-1); });
     onClick(next, [this] { step(1); });
     onClick(quit, [this] { closeScreen(); });

@@ -37,6 +37,8 @@ uescexam::uescexam(ProgramState &s, Navigator &nav) : ExerciseScreen(QStringLite
         Image[n]->hide();
         lblKey[n] = addLabel(QStringLiteral("lblKey%1").arg(n), QString(), QRect(x + 302, y + 70, w - 302, 26), 9, true);
         lblKey[n]->hide();
+        for (QLabel *l : {lblFirst[n], lblSecond[n], lblKey[n]})
+            l->setTextFormat(Qt::PlainText); // text from data, never markup
         if (previous)
             QWidget::setTabOrder(previous, Text[n]);
         previous = Text[n];

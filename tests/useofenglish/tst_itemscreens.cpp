@@ -215,6 +215,7 @@ private Q_SLOTS:
         QCOMPARE(app->topCode(), u"uesc"_s);
         QVERIFY(app->text(u"lblInstruction"_s).startsWith(u"Complete the second sentence so that it means the same as the first,\nusing"_s));
         QCOMPARE(app->text(u"Label2"_s), u"I.......................an umbrella.    (WISH)"_s);
+        QCOMPARE(app->get<QLabel>(u"Label1"_s)->textFormat(), Qt::PlainText); // data is never markup
         QCOMPARE(app->text(u"lblQuestionnumber"_s), u"1 of 2"_s);
         app->type(u"Text1"_s, u"Wish I'd brought"_s);
         app->click(u"Check"_s);
