@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Fuzzes one reader for SECONDS (default 600) with libFuzzer, ASan and UBSan.
-# Usage: tools/fuzz.sh rtf|records [SECONDS]    (FUZZ_MAX_LEN=N for longer inputs than the default)
+# Usage: tools/fuzz.sh rtf|records [SECONDS]    (FUZZ_MAX_LEN=N for longer inputs than the default,
+#        FUZZ_TIMEOUT=S for a slower limit per input on a busy machine; 10 s by default)
 #   rtf      the RTF reader, and the writer on whatever it reads
 #   records  every data file's record reader, through the checker and the program's key searches
 #            (the first byte of an input picks the data file)
@@ -45,7 +46,7 @@ set +e
 ASAN_OPTIONS=detect_leaks=0:allocator_may_return_null=1 \
 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
   "$build/bin/fuzz_$target" "$build/corpus-$target" "${seeds[@]}" "${extra[@]}" \
-    -max_total_time="$seconds" -timeout=10 -rss_limit_mb=4096 -print_final_stats=1 \
+    -max_total_time="$seconds" -timeout="${FUZZ_TIMEOUT:-10}" -rss_limit_mb=4096 -print_final_stats=1 \
     -artifact_prefix="$build/crashes/$target-" 2>&1 | tee "$build/fuzz-$target.log" \
     | grep -E '^#[0-9]+.*(pulse|DONE)|ERROR|stat::|crash-|timeout-|oom-'
 set -e

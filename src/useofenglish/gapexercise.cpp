@@ -93,6 +93,23 @@ void GapExerciseScreen::buildPassageAndColumn(const std::function<QWidget *(int 
     }
 }
 
+void GapExerciseScreen::buildTypedColumn(Array<QLineEdit *, 1, 15> &boxes, const QString &keyPrefix)
+{
+    buildPassageAndColumn(
+        [this, &boxes](int n) {
+            auto *box = new QLineEdit(this);
+            box->setObjectName(QStringLiteral("Text%1").arg(n));
+            box->setAccessibleName(QStringLiteral("Gap %1").arg(n));
+            boxes[n] = box;
+            return box;
+        },
+        QRect(16, 124, 620, 506), keyPrefix);
+    QList<QWidget *> chain;
+    for (QLineEdit *box : boxes)
+        chain.append(box);
+    setGapTabOrder(chain);
+}
+
 void GapExerciseScreen::setGapTabOrder(const QList<QWidget *> &chain)
 {
     QList<QWidget *> all;

@@ -72,6 +72,9 @@ protected:
     /// The answer boxes are named keyPrefix + N.
     void buildPassageAndColumn(const std::function<QWidget *(int n)> &makeInput, QRect passage,
                                const QString &keyPrefix);
+    /// The passage and a column of typed boxes `Text1`..`Text15` (into `boxes`), their correct
+    /// answers named keyPrefix + N, in gap order for Tab.
+    void buildTypedColumn(Array<QLineEdit *, 1, 15> &boxes, const QString &keyPrefix);
     /// Tab order: the passage (if any), the given controls in gap order, then the buttons.
     void setGapTabOrder(const QList<QWidget *> &chain);
 

@@ -8,23 +8,11 @@ namespace sd {
 uecb::uecb(ProgramState &s, Navigator &nav) : GapExerciseScreen(QStringLiteral("uecb"), s, nav, 7)
 {
     // The student's boxes are Text1..15; the correct answers lie over them in Correct1..15.
-    buildPassageAndColumn(
-        [this](int n) {
-            auto *box = new QLineEdit(this);
-            box->setObjectName(QStringLiteral("Text%1").arg(n));
-            box->setAccessibleName(QStringLiteral("Gap %1").arg(n));
-            Text[n] = box;
-            return box;
-        },
-        QRect(16, 124, 620, 506), QStringLiteral("Correct"));
+    buildTypedColumn(Text, QStringLiteral("Correct"));
     lblNote = addLabel(QStringLiteral("lblNote"), QStringLiteral(" One correct answer is given. There may be alternatives. "),
                        QRect(16, 634, 620, 24), 10, true);
     lblNote->hide();
     testOutOfFifteen = true;
-    QList<QWidget *> chain;
-    for (QLineEdit *box : Text)
-        chain.append(box);
-    setGapTabOrder(chain);
 }
 
 void uecb::load()

@@ -184,12 +184,10 @@ private Q_SLOTS:
                                      << u"Pracchoice"_s; // the menu stays as it was
         QTest::newRow("missing data file") << QStringList{u"lblueec"_s, u"lblLevel1"_s, u"lblEx1"_s} << u"No file"_s
                                            << u"Pracchoice"_s;
-        QTest::newRow("sentence conversion") << QStringList{u"lbluesc"_s}
-                                             << u"Sentence Conversion exercises are not available in this version yet."_s
-                                             << u"Practype"_s;
-        QTest::newRow("word formation") << QStringList{u"lbluewb"_s}
-                                        << u"Word Formation exercises are not available in this version yet."_s
-                                        << u"Practype"_s;
+        QTest::newRow("sentence conversion without its file")
+            << QStringList{u"lbluesc"_s, u"lblLevel1"_s, u"lblEx1"_s} << u"No file"_s << u"uescchoice"_s;
+        QTest::newRow("word formation without its file")
+            << QStringList{u"lbluewb"_s, u"lblLevel2"_s, u"lblEx3"_s} << u"No file"_s << u"uewbchoice"_s;
         QTest::newRow("writing") << QStringList{u"lblComp"_s}
                                  << u"Writing exercises are not available in this version yet."_s << u"Practype"_s;
     }

@@ -7,6 +7,7 @@
 #include "frame/core/state.h"
 #include "reading/core/readingscore.h"
 #include "recordrules.h"
+#include "useofenglish/core/conversion.h"
 #include "useofenglish/core/gapscoring.h"
 
 #include <QRegularExpression>
@@ -31,9 +32,10 @@ struct Program
 
     explicit Program(const QString &dir) { state.setDataDir(dir); }
 
-    QStringList record(DataFile file, int n)
+    QStringList record(DataFile file, int n, QString name = {})
     {
-        QString name = QString::fromLatin1(dataFileInfo(file).fileName);
+        if (name.isEmpty())
+            name = QString::fromLatin1(dataFileInfo(file).fileName);
         state.RecordLength = dataFileInfo(file).layout.length;
         OpenNamedDataFile(state, name);
         const QStringList fields = ReadRecord(state, file, n);
@@ -136,6 +138,56 @@ private Q_SLOTS:
         }
         QCOMPARE(none.score, 0);
         QCOMPARE(none.verdict, u"What happened?"_s);
+    }
+
+    void oneItemKindsCoveredByTheChecker()
+    {
+        const QString coverage = data::checkDataDirectory(m_data).coverage;
+        for (const QString &row : {u"pracuesc.dat  10/10"_s, u"wb files      10/10"_s, u"examuewb.dat  0/10     0/10     0/10      x01"_s})
+            QVERIFY2(coverage.contains(row), qPrintable(coverage));
+    }
+
+    void sentenceConversionEveryAnswerIsRight()
+    {
+        Program p(m_data);
+        const qint64 count = QFileInfo(m_data + u"/pracuesc.dat"_s).size() / 641;
+        QMap<QString, int> items;
+        for (int n = 1; n <= count; ++n) {
+            const RecordE r = RecordE::from(p.record(DataFile::Uesc, n));
+            ++items[r.Code];
+            const Alternatives alts{r.Answer[1], r.Answer[2], r.Answer[3], r.Answer[4]};
+            for (const QString &a : alts)
+                if (!a.isEmpty())
+                    QVERIFY2(JudgeItemAnswer(u" "_s + a.toUpper() + u" "_s, r.Answer[1], alts), qPrintable(r.Code + u": "_s + a));
+            QVERIFY(!JudgeItemAnswer(QString(), r.Answer[1], alts));
+            QVERIFY2(!JudgeItemAnswer(r.Word, r.Answer[1], alts), qPrintable(r.Code + u": "_s + r.Word));
+        }
+        for (auto it = items.cbegin(); it != items.cend(); ++it) {
+            if (it.key().startsWith(u'x'))
+                QCOMPARE(it.value(), 10);
+            else if (it.key().startsWith(u'1'))
+                QVERIFY2(it.value() >= 5 && it.value() <= 8, qPrintable(it.key()));
+        }
+    }
+
+    void wordFormationEveryAnswerIsRight()
+    {
+        Program p(m_data);
+        for (const QString &name : QDir(m_data).entryList({u"wb1??"_s}, QDir::Files)) {
+            const qint64 count = QFileInfo(m_data + u'/' + name).size() / 161;
+            QVERIFY2(count >= 10 && count <= 12, qPrintable(name));
+            for (int n = 1; n <= count; ++n) {
+                const RecordG r = RecordG::from(p.record(DataFile::Uewb, n, name));
+                QCOMPARE(u"wb"_s + r.Code, name);
+                QVERIFY(r.Text.contains(u".........."_s));
+                QVERIFY(JudgeItemAnswer(u" "_s + r.Answer.toLower() + u" "_s, r.Answer, {r.Answer}));
+                QVERIFY2(!JudgeItemAnswer(r.Word, r.Answer, {r.Answer}), qPrintable(name + u": "_s + r.Word));
+            }
+        }
+        const RecordH x = RecordH::from(p.record(DataFile::ExamUewb, 1));
+        QCOMPARE(x.Code, u"x01"_s);
+        for (int g = 1; g <= 10; ++g)
+            QVERIFY2(x.Item[g].section(u'/', 1) != x.Item[g].section(u'/', 0, 0).toLower(), qPrintable(x.Item[g]));
     }
 
     void errorCorrectionTextsReadAsFifteenNumberedLines()

@@ -47,9 +47,26 @@ const QString kErrorCorrection = [] {
     return s;
 }();
 
+const QString kConversion = u"key: 101\ntitle: Two items\n\n"
+                           "@item UNLESS\nWe will get wet if we don't hurry.\nWe will get wet [unless we hurry / unless we are quick].\n\n"
+                           "@item TOO\nIt was so cold that we couldn't swim.\nIt was [too cold for us to] swim.\n"_s;
+
+const QString kWordSentences = u"key: 101\ntitle: Two sentences\n\n@sentences\n"
+                               "1. The forecast promised a [sunny] afternoon. (SUN)\n"
+                               "2. It rained [heavily] all night. (HEAVY)\n"_s;
+
+const QString kWordText = [] {
+    QString s = u"key: x01\ntitle: Ten words\n\n@passage\n# Ten words\n"
+                "One [1] two [2] three [3] four [4] five [5] six [6] seven [7] eight [8] nine [9] ten [10].\n\n@gaps\n"_s;
+    for (int n = 1; n <= 10; ++n)
+        s += u"%1. SUN / sunny\n"_s.arg(n);
+    return s;
+}();
+
 enum class Fault {
     None, ShortFile, DuplicateKey, MissingPassage, OverlongField, Utf8Text, LongAnswerKey, MalformedKey,
-    WordNotInLine, TooManyLines, UnreadableSheet, MissingSound, MissingHelp
+    WordNotInLine, TooManyLines, UnreadableSheet, MissingSound, MissingHelp, EmptyWordFile, TestItemNoSlash,
+    NineTestItems, EmptyAnswer
 };
 
 const QByteArray kNotRtf = "These are plain words, not rich text.";
@@ -73,6 +90,10 @@ void applyFault(const QString &dir, Fault fault)
     case Fault::UnreadableSheet: test::writeBytes(dir + u"/rcmc102q.rtf"_s, kNotRtf); break;
     case Fault::MissingSound: QFile::remove(dir + u"/chord.wav"_s); break;
     case Fault::MissingHelp: QFile::remove(dir + u"/helprcmc.txt"_s); break;
+    case Fault::EmptyWordFile: QFile::resize(dir + u"/wb101"_s, 0); break;
+    case Fault::TestItemNoSlash: test::patchField(dir, DataFile::ExamUewb, 1, "Item3", "SOLVEsolutions"); break;
+    case Fault::NineTestItems: QFile::resize(dir + u"/pracuesc.dat"_s, QFileInfo(dir + u"/pracuesc.dat"_s).size() - 641); break;
+    case Fault::EmptyAnswer: test::patchField(dir, DataFile::Uesc, 2, "Answer1", ""); break;
     }
 }
 
@@ -102,9 +123,11 @@ private Q_SLOTS:
         // One exercise of every kind a menu offers (the checker requires their files), two of one.
         test::copyContent(src, {u"rcmc/101.md"_s, u"rcmc/102.md"_s, u"ueec/101.md"_s, u"rche/104.md"_s,
                                 u"rcre/104.md"_s, u"rcma/102.md"_s, u"ueca/103.md"_s, u"uecb/104.md"_s,
+                                u"uesc/101.md"_s, u"uesc/x01.md"_s, u"uewb/101.md"_s, u"uewb/x01.md"_s,
                                 u"help/helpgen.md"_s, u"help/helpprog.md"_s, u"help/helprcmc.md"_s,
                                 u"help/helpueec.md"_s, u"help/helprche.md"_s, u"help/helprcre.md"_s,
-                                u"help/helprcma.md"_s, u"help/helpueca.md"_s, u"help/helpuecb.md"_s});
+                                u"help/helprcma.md"_s, u"help/helpueca.md"_s, u"help/helpuecb.md"_s,
+                                u"help/helpuesc.md"_s, u"help/helpuewb.md"_s});
         m_good = m_tmp.filePath(u"data"_s);
         QVERIFY(test::buildQuietly(src, m_good));
     }
@@ -136,6 +159,14 @@ private Q_SLOTS:
             u"pracrcmc.dat: key 102: Text1: rcmc102q.rtf cannot be read as rich text: "_s + unreadableMessage()};
         QTest::newRow("missing sound") << Fault::MissingSound << QStringList{u"chord.wav is missing"_s};
         QTest::newRow("missing help text") << Fault::MissingHelp << QStringList{u"helprcmc.txt is missing"_s};
+        QTest::newRow("empty word-formation file") << Fault::EmptyWordFile << QStringList{
+            u"wb101: is empty; the program shows \"No file\""_s};
+        QTest::newRow("test item with no slash") << Fault::TestItemNoSlash << QStringList{
+            u"examuewb.dat: key x01: Item3: \"SOLVEsolutions\": no \"/\" between the base word and the answer"_s};
+        QTest::newRow("nine items in a test") << Fault::NineTestItems << QStringList{
+            u"pracuesc.dat: key x01: 9 items; a test section has 10"_s};
+        QTest::newRow("item with no correct answer") << Fault::EmptyAnswer << QStringList{
+            u"pracuesc.dat: key 101, item 2: Answer1: empty; it holds the correct answer"_s};
     }
     void checkComplaints()
     {
@@ -188,6 +219,36 @@ private Q_SLOTS:
         QTest::newRow("sixteen lines")
             << u"ueec/101.md"_s << kErrorCorrection << u"Line 3 is right"_s << u"Line 3 is right\nand so is this"_s
             << QStringList{u"src/ueec/101.md:4: 16 lines; error correction has 15"_s};
+        QTest::newRow("conversion: no items")
+            << u"uesc/101.md"_s << kConversion << kConversion.mid(kConversion.indexOf(u"@item"_s)) << QString()
+            << QStringList{u"src/uesc/101.md: no @item blocks; an exercise has at least one"_s};
+        QTest::newRow("conversion: answer of six words")
+            << u"uesc/101.md"_s << kConversion << u"[too cold"_s << u"[much too cold"_s
+            << QStringList{u"src/uesc/101.md:10: \"much too cold for us to\" is more than five words"_s};
+        QTest::newRow("conversion: answer without the word given")
+            << u"uesc/101.md"_s << kConversion << u"unless we are quick"_s << u"if we are not quick"_s
+            << QStringList{u"src/uesc/101.md:6: \"if we are not quick\" does not use the word given, UNLESS"_s};
+        QTest::newRow("conversion: first sentence over 119 characters")
+            << u"uesc/101.md"_s << kConversion << u"It was so cold"_s << QString(110, u'x') + u" It was so cold"_s
+            << QStringList{u"src/uesc/101.md:9: a sentence of 148 characters; at most 119 fit"_s};
+        QTest::newRow("conversion: test of two items")
+            << u"uesc/x01.md"_s << kConversion << u"key: 101"_s << u"key: x01"_s
+            << QStringList{u"src/uesc/x01.md: 2 @item blocks; a test has 10"_s};
+        QTest::newRow("word formation: no sentences")
+            << u"uewb/101.md"_s << kWordSentences << kWordSentences.mid(kWordSentences.indexOf(u"1. "_s)) << QString()
+            << QStringList{u"src/uewb/101.md:4: no sentences; an exercise has at least one"_s};
+        QTest::newRow("word formation: sentence over 119 characters")
+            << u"uewb/101.md"_s << kWordSentences << u"It rained"_s << QString(110, u'x') + u" It rained"_s
+            << QStringList{u"src/uewb/101.md:6: a sentence of 142 characters; at most 119 fit"_s};
+        QTest::newRow("word formation: two gaps in a sentence")
+            << u"uewb/101.md"_s << kWordSentences << u"all night"_s << u"[all] night"_s
+            << QStringList{u"src/uewb/101.md:6: 2 words in brackets; a sentence has one gap"_s};
+        QTest::newRow("word formation: test gap with no slash")
+            << u"uewb/x01.md"_s << kWordText << u"3. SUN / sunny"_s << u"3. SUN sunny"_s
+            << QStringList{u"src/uewb/x01.md:11: \"SUN sunny\": no \"/\" between the base word and the answer"_s};
+        QTest::newRow("word formation: nine gaps in a test")
+            << u"uewb/x01.md"_s << kWordText << u" ten [10]"_s << u" ten"_s
+            << QStringList{u"src/uewb/x01.md:8: 10 gaps listed, but the passage marks 9"_s};
     }
     void buildComplaints()
     {
@@ -280,6 +341,32 @@ private Q_SLOTS:
         QString out;
         QVERIFY(data::showRecord(dir.filePath(u"out"_s), file.left(4), u"101"_s, &out));
         QVERIFY2(out.contains(shown), qPrintable(out));
+    }
+
+    void oneItemKindsWriteARecordPerItem()
+    {
+        QTemporaryDir dir;
+        test::writeBytes(dir.filePath(u"src/uesc/101.md"_s), kConversion.toUtf8());
+        test::writeBytes(dir.filePath(u"src/uewb/101.md"_s), kWordSentences.toUtf8());
+        test::writeBytes(dir.filePath(u"src/uewb/x01.md"_s), kWordText.toUtf8());
+        QVERIFY(test::buildQuietly(dir.filePath(u"src"_s), dir.filePath(u"out"_s)));
+        const QString out = dir.filePath(u"out"_s);
+        QVERIFY(!QFileInfo::exists(out + u"/pracuewb.dat"_s)); // practice word formation reads the wb files
+        QCOMPARE(test::readBytes(out + u"/pracuesc.dat"_s).size(), 2 * 641);
+        QString shown;
+        QVERIFY(data::showRecord(out, u"uesc"_s, u"101"_s, &shown));
+        QVERIFY2(shown.contains(u"Title    We will get wet if we don't hurry.\nText1    We will get wet\nText2    .\n"
+                                "Word     UNLESS\nAnswer1  unless we hurry\nAnswer2  unless we are quick\nAnswer3\n"_s),
+                 qPrintable(shown));
+        const QByteArray wb = test::readBytes(out + u"/wb101"_s);
+        QCOMPARE(wb.size(), 2 * 161);
+        QCOMPARE(wb.mid(161, 161).simplified(), QByteArray("101 It rained .......... all night. HEAVY heavily"));
+        QVERIFY(data::showRecord(out, u"examuewb.dat"_s, u"x01"_s, &shown));
+        QVERIFY2(shown.contains(u"Name     uewbx01\nTitle    Ten words\nItem1    SUN/sunny\n"_s), qPrintable(shown));
+        QVERIFY(plainLines(out + u"/uewbx01.rtf"_s).join(u'\n').contains(u"One (1) .......... two (2)"_s));
+        const data::CheckReport report = data::checkDataDirectory(out);
+        QVERIFY(report.coverage.contains(u"10 Word Formation           wb files      1/10"_s));
+        QVERIFY(report.coverage.contains(u"examuewb.dat  0/10     0/10     0/10      x01"_s));
     }
 
     void helpTextIsWrappedForPrinting()

@@ -30,6 +30,47 @@ private Q_SLOTS:
         for (int i = 1; i <= 15; ++i)
             letter += u"Line %1 of the letter.\r\n"_s.arg(i);
         dir.writeText(u"letter.txt"_s, letter);
+        // Word formation and sentence conversion: every item has the same answer, so the random
+        // order does not change the run.
+        QByteArray wb;
+        for (int i = 1; i <= 3; ++i)
+            wb += encodeRecord(dataFileInfo(DataFile::Uewb).layout,
+                               {u"101"_s, u"Sentence %1 brought great .........."_s.arg(i), u"HAPPY"_s, u"happiness"_s});
+        dir.writeFile(u"wb101"_s, wb);
+        QList<QStringList> items;
+        for (int i = 1; i <= 2; ++i)
+            items << QStringList{u"101"_s, u"It's a pity I didn't bring an umbrella %1."_s.arg(i), u"I"_s, u"an umbrella."_s,
+                                 u"WISH"_s, u"wish I had brought"_s, u"wish I'd brought"_s, QString(), QString(), QString()};
+        dir.writeRecords(DataFile::Uesc, items);
+    }
+
+    void oneItemKindsThroughTheMenus_data()
+    {
+        QTest::addColumn<QString>("kind");
+        QTest::addColumn<QString>("answer");
+        QTest::addColumn<int>("count");
+        QTest::addColumn<QString>("review");
+        QTest::newRow("word formation") << u"uewb"_s << u"Happiness"_s << 3 << u"Score: 2 / 3"_s;
+        QTest::newRow("sentence conversion") << u"uesc"_s << u"wish I had brought"_s << 2 << u"Score: 1 out of 2"_s;
+    }
+    void oneItemKindsThroughTheMenus()
+    {
+        QFETCH(QString, kind);
+        QFETCH(QString, answer);
+        QFETCH(int, count);
+        QFETCH(QString, review);
+        // The first item is answered wrongly, seen with its answer, then every other one rightly.
+        QString script = u"click lblPrac\nclick lbl%1\nclick lblLevel1\nclick lblEx1\n"
+                         "type Text1 wrong\nclick Check\nclick seecorrect\nclick continue\n"_s.arg(kind);
+        for (int k = 2; k <= count; ++k)
+            script += u"type Text1 %1\nclick Check\nclick continue\n"_s.arg(answer);
+        script += u"dump\nclick review\ndump\nquit\n"_s;
+        const ScriptRun run = runScript(dir.path(), script);
+        QVERIFY2(run.exitCode == 0, qPrintable(run.errors + run.eventNames(u"error"_s).join(u' ')));
+        QCOMPARE(run.eventNames(u"shown"_s).count(u"uesccheck"_s), count);
+        QCOMPARE(run.control(u"uescscore"_s, u"lblScore"_s, 0).value(u"text"_s).toString(),
+                 u"Score: %1 out of %2"_s.arg(count - 1).arg(count));
+        QCOMPARE(run.control(kind + u"review"_s, u"lblScore"_s).value(u"text"_s).toString(), review);
     }
 
     void checkTryAgainAndSeeAnswers_data()

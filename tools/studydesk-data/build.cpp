@@ -9,6 +9,7 @@
 #include <QFile>
 
 #include <algorithm>
+#include <map>
 
 using namespace Qt::StringLiterals;
 
@@ -33,30 +34,41 @@ bool readSource(const QString &path, const QString &shownPath, SourceFile *out, 
     return problems.size() == before;
 }
 
-/// The record as bytes. A text must leave at least one blank at the end of its field: a full field
+/// One record as bytes. A text must leave at least one blank at the end of its field: a full field
 /// cannot be told from one whose text was cut off.
-QByteArray encode(const Exercise &ex, Problems &problems)
+QByteArray encode(DataFile file, const QStringList &fields, const QString &sourcePath, Problems &problems)
 {
-    const LayoutInfo &layout = dataFileInfo(ex.file).layout;
+    const LayoutInfo &layout = dataFileInfo(file).layout;
     bool ok = true;
     for (int i = 0; i < layout.fieldCount; ++i) {
-        const qsizetype size = encodeSingleByte(ex.fields.at(i)).size();
+        const qsizetype size = encodeSingleByte(fields.at(i)).size();
         if (size >= layout.fields[i].width) {
             problems << u"%1: %2: %3 characters; the field holds at most %4"_s.arg(
-                ex.sourcePath, QString::fromLatin1(layout.fields[i].name.data(), qsizetype(layout.fields[i].name.size())))
+                sourcePath, QString::fromLatin1(layout.fields[i].name.data(), qsizetype(layout.fields[i].name.size())))
                             .arg(size).arg(layout.fields[i].width - 1);
             ok = false;
         }
     }
-    for (const FieldProblem &p : checkFields(ex.file, ex.fields)) {
-        problems << u"%1: %2: %3"_s.arg(ex.sourcePath, p.field, p.message);
+    for (const FieldProblem &p : checkFields(file, fields)) {
+        problems << u"%1: %2: %3"_s.arg(sourcePath, p.field, p.message);
         ok = false;
     }
     QString error;
-    const QByteArray record = ok ? encodeRecord(layout, ex.fields, &error) : QByteArray();
+    const QByteArray record = ok ? encodeRecord(layout, fields, &error) : QByteArray();
     if (!error.isEmpty())
-        problems << ex.sourcePath + u": "_s + error;
+        problems << sourcePath + u": "_s + error;
     return record;
+}
+
+/// The records of an exercise: its one record, or one per item of a one-item kind.
+QByteArray encode(const Exercise &ex, Problems &problems)
+{
+    if (ex.records.isEmpty())
+        return encode(ex.file, ex.fields, ex.sourcePath, problems);
+    QByteArray bytes;
+    for (const QStringList &record : ex.records)
+        bytes += encode(ex.file, record, ex.sourcePath, problems);
+    return bytes;
 }
 
 void convertKind(const QDir &source, DataFile file, QList<Exercise> &exercises, Problems &problems)
@@ -133,13 +145,20 @@ bool buildDataDirectory(const QString &sourceDir, const QString &outDir, Problem
         convertKind(source, f, exercises, problems);
         std::sort(exercises.begin(), exercises.end(),
                   [](const Exercise &a, const Exercise &b) { return keyLess(a.key, b.key); });
-        QByteArray data;
+        // Word formation writes no "pracuewb.dat": each practice exercise is a file of its own and
+        // the test texts go into "examuewb.dat".
+        std::map<DataFile, QByteArray> data;
+        data[f == DataFile::Uewb ? DataFile::ExamUewb : f];
         for (const Exercise &ex : std::as_const(exercises)) {
-            data += encode(ex, problems);
+            if (ex.ownFile.isEmpty())
+                data[ex.file] += encode(ex, problems);
+            else
+                files.append({ex.ownFile, encode(ex, problems)});
             for (const BuiltFile &b : ex.files)
                 files.append({b.name, b.bytes});
         }
-        files.append({QString::fromLatin1(dataFileInfo(f).fileName), data});
+        for (const auto &[file, bytes] : data)
+            files.append({QString::fromLatin1(dataFileInfo(file).fileName), bytes});
         made.exercises += int(exercises.size());
         ++made.dataFiles;
     }

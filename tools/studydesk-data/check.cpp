@@ -80,7 +80,9 @@ bool requiredFile(DataFile file)
     case DataFile::Rcma:
     case DataFile::Ueca:
     case DataFile::Uecb:
-    case DataFile::Ueec: return true;
+    case DataFile::Uesc:
+    case DataFile::Ueec:
+    case DataFile::ExamUewb: return true;
     default: return false;
     }
 }
@@ -118,7 +120,10 @@ public:
 
 private:
     void checkFile(DataFile file);
-    void checkRecord(DataFile file, int n, const QStringList &fields, const QByteArray &raw);
+    void checkFile(DataFile file, QString name);
+    void checkWordFormationFiles();
+    void checkItemCounts(DataFile file, const QString &name);
+    void checkRecord(DataFile file, const QString &fileName, int n, const QStringList &fields, const QByteArray &raw);
     void checkReference(const QString &where, const FileReference &ref, DataFile file, const QStringList &fields);
     QString fileFault(const QString &name);
     void checkHelp(const QString &code);
@@ -131,6 +136,7 @@ private:
     QDir m_dir;
     Problems m_errors;
     std::map<DataFile, std::set<QString>> m_keys; ///< the keys the program finds, per file
+    std::map<QString, int> m_items;               ///< items per key of a one-item file
     std::set<DataFile> m_present;
     std::map<QString, QString> m_fileFaults; ///< each referenced file is read once
 };
@@ -141,6 +147,7 @@ CheckReport Checker::run()
         return {{m_dir.path() + u": no such directory"_s}, {}};
     for (int i = 0; i < DataFileCount; ++i)
         checkFile(DataFile(i));
+    checkWordFormationFiles();
     if (m_present.empty())
         m_errors << m_dir.path() + u": no exercise data files"_s;
     checkHelp(u"gen"_s);
@@ -149,35 +156,51 @@ CheckReport Checker::run()
     return {m_errors, coverage()};
 }
 
+bool oneItemFile(DataFile file)
+{
+    return file == DataFile::Uesc || file == DataFile::Uewb;
+}
+
 void Checker::checkFile(DataFile file)
 {
-    const DataFileInfo &info = dataFileInfo(file);
-    QString name = QString::fromLatin1(info.fileName);
-    const DataPath where = resolveDataFile(m_dir.path(), name);
-    if (where.refusal == FileRefusal::Missing) {
+    if (file == DataFile::Uewb) // practice word formation reads the "wb" files instead
+        return;
+    const QString name = QString::fromLatin1(dataFileInfo(file).fileName);
+    if (resolveDataFile(m_dir.path(), name).refusal == FileRefusal::Missing) {
         if (requiredFile(file))
             m_errors << name + u": is missing; its menu entries would all say \"No file\""_s;
         return;
     }
     m_present.insert(file);
+    checkFile(file, name);
+    if (file != DataFile::Comp && file != DataFile::ExamUewb)
+        checkHelp(kindCode(file));
+}
+
+void Checker::checkFile(DataFile file, QString name)
+{
+    const DataFileInfo &info = dataFileInfo(file);
+    const QString shown = name;
+    const DataPath where = resolveDataFile(m_dir.path(), name);
     if (!where.ok()) {
-        m_errors << name + u": cannot be opened: "_s + where.reason;
+        m_errors << shown + u": cannot be opened: "_s + where.reason;
         return;
     }
     const int length = info.layout.length;
     const qint64 size = QFileInfo(where.path).size();
     if (size == 0) {
-        m_errors << name + u": is empty"_s;
+        m_errors << shown + u": is empty"_s;
         return;
     }
     if (size > MaxDataFileBytes) {
-        m_errors << name + u": file too large: %1; the program reads at most %2"_s.arg(describeSize(size), describeSize(MaxDataFileBytes));
+        m_errors << shown + u": file too large: %1; the program reads at most %2"_s.arg(describeSize(size), describeSize(MaxDataFileBytes));
         return;
     }
     if (size / length > 32767) {
-        m_errors << name + u": file too large: %1 records; the program reads at most 32767"_s.arg(size / length);
+        m_errors << shown + u": file too large: %1 records; the program reads at most 32767"_s.arg(size / length);
         return;
     }
+    m_items.clear();
     // Read as the program reads: handle 1, the count rounded, the file's own record reader.
     int count = 0;
     try {
@@ -188,12 +211,12 @@ void Checker::checkFile(DataFile file)
         count = m_state.SearchRecordCount;
         for (int n = 1; n <= count; ++n) {
             const QStringList fields = ReadRecord(m_state, file, n);
-            checkRecord(file, n, fields, m_state.Files.reader(file).buffer());
+            checkRecord(file, shown, n, fields, m_state.Files.reader(file).buffer());
         }
         CloseDataFile(m_state);
     } catch (const ProgramError &e) {
         CloseDataFile(m_state);
-        m_errors << name + u": cannot be read: "_s + e.message();
+        m_errors << shown + u": cannot be read: "_s + e.message();
     }
     if (size % length != 0) {
         // Name the cut record the way a teacher finds it: by number and by the key it starts with.
@@ -202,22 +225,61 @@ void Checker::checkFile(DataFile file)
         QString key;
         if (f.open(QIODevice::ReadOnly) && f.seek((last - 1) * length))
             key = decodeSingleByte(f.read(qMin<qint64>(size % length, 6))).trimmed();
-        m_errors << u"%1: record %2 (key %3) is cut short: %4 of %5 bytes"_s.arg(name).arg(last)
+        m_errors << u"%1: record %2 (key %3) is cut short: %4 of %5 bytes"_s.arg(shown).arg(last)
                         .arg(key.isEmpty() ? u"unreadable"_s : key).arg(size % length).arg(length);
     }
-    if (file != DataFile::Comp && file != DataFile::ExamUewb)
-        checkHelp(kindCode(file));
+    if (oneItemFile(file))
+        checkItemCounts(file, shown);
 }
 
-void Checker::checkRecord(DataFile file, int n, const QStringList &fields, const QByteArray &raw)
+/// The practice word-formation exercises: one file "wb" & level & exercise each, every record one
+/// sentence keyed with the exercise.
+void Checker::checkWordFormationFiles()
+{
+    static const QRegularExpression exerciseFile(u"^wb([1-3](0[1-9]|10))$"_s);
+    bool any = false;
+    for (const QString &name : m_dir.entryList({u"wb*"_s}, QDir::Files, QDir::Name)) {
+        const QRegularExpressionMatch m = exerciseFile.match(name);
+        if (!m.hasMatch())
+            continue;
+        any = true;
+        if (QFileInfo(m_dir.filePath(name)).size() == 0) {
+            m_errors << name + u": is empty; the program shows \"No file\""_s;
+            continue;
+        }
+        m_keys[DataFile::Uewb].insert(m.captured(1));
+        checkFile(DataFile::Uewb, name);
+    }
+    if (any) {
+        m_present.insert(DataFile::Uewb);
+        checkHelp(kindCode(DataFile::Uewb));
+    }
+}
+
+void Checker::checkItemCounts(DataFile file, const QString &name)
+{
+    for (const auto &[key, count] : m_items) {
+        if (file == DataFile::Uewb && u"wb"_s + key != name)
+            m_errors << u"%1: key %2: sentences of another exercise; every Code is %3"_s.arg(name, key, name.mid(2));
+        else if (keyKind(file, key) == KeyKind::Test && count != 10)
+            m_errors << u"%1: key %2: %3 items; a test section has 10"_s.arg(name, key).arg(count);
+        else if (count > 20)
+            m_errors << u"%1: key %2: %3 items; the screen takes at most 20"_s.arg(name, key).arg(count);
+    }
+}
+
+void Checker::checkRecord(DataFile file, const QString &fileName, int n, const QStringList &fields, const QByteArray &raw)
 {
     const LayoutInfo &layout = dataFileInfo(file).layout;
-    const QString fileName = QString::fromLatin1(dataFileInfo(file).fileName);
     const QString key = fields.value(0);
     QString where = fileName + u": key "_s + key;
-    if (key.isEmpty() || keyKind(file, key) == KeyKind::Bad)
+    if (key.isEmpty() || keyKind(file, key) == KeyKind::Bad) {
         where = fileName + u": record %1"_s.arg(n);
-    else if (!m_keys[file].insert(key).second) {
+    } else if (oneItemFile(file)) {
+        where += u", item %1"_s.arg(++m_items[key]);
+        if (file == DataFile::Uesc)
+            m_keys[file].insert(key);
+    } else if (!m_keys[file].insert(key).second) {
         m_errors << where + u": repeated in record %1; the program only finds the first"_s.arg(n);
         return;
     }
@@ -354,7 +416,8 @@ QString Checker::coverage() const
         } else {
             kindName = m_state.KindNames[kind];
         }
-        QString row = u"%1 %2 %3 "_s.arg(kind, 2).arg(kindName, -24).arg(QString::fromLatin1(dataFileInfo(file).fileName), -13);
+        const QString fileName = file == DataFile::Uewb ? u"wb files"_s : QString::fromLatin1(dataFileInfo(file).fileName);
+        QString row = u"%1 %2 %3 "_s.arg(kind, 2).arg(kindName, -24).arg(fileName, -13);
         if (!m_present.count(file)) {
             rows << row + (requiredFile(file) ? u"no file"_s : u"not covered"_s);
             continue;

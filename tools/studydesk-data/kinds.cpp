@@ -16,7 +16,8 @@ void setField(Exercise &ex, std::string_view name, const QString &value)
 const QList<DataFile> &buildableKinds()
 {
     static const QList<DataFile> kinds = {DataFile::Rche, DataFile::Rcmc, DataFile::Rcre, DataFile::Rcma,
-                                          DataFile::Ueca, DataFile::Uecb, DataFile::Ueec};
+                                          DataFile::Ueca, DataFile::Uecb, DataFile::Uesc, DataFile::Ueec,
+                                          DataFile::Uewb};
     return kinds;
 }
 
@@ -131,6 +132,8 @@ bool convertExercise(DataFile file, const SourceFile &src, Exercise *out, Proble
     case DataFile::Ueca:
     case DataFile::Uecb: return convertCloze(c, *out) && !c.failed();
     case DataFile::Ueec: return convertErrorCorrection(c, *out) && !c.failed();
+    case DataFile::Uesc: return convertConversion(c, *out) && !c.failed();
+    case DataFile::Uewb: return convertWordFormation(c, *out) && !c.failed();
     default: break;
     }
     c.error(0, u"no exercises of this kind are built from sources"_s);

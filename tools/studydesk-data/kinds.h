@@ -26,11 +26,17 @@ struct Exercise
     QString sourcePath;
     QStringList fields; ///< in layout order
     QList<BuiltFile> files;
+    /// One-item kinds (sentence conversion, word-formation sentences): a record per item, in
+    /// place of `fields`.
+    QList<QStringList> records;
+    /// A data file of the exercise's own ("wb101"); empty when its records go into the kind's file.
+    QString ownFile;
 };
 
 void setField(Exercise &ex, std::string_view name, const QString &value);
 
-/// The kinds the tool builds, in kind order: "rche", "rcmc", "rcre", "rcma", "ueca", "uecb", "ueec".
+/// The kinds the tool builds, in kind order: "rche", "rcmc", "rcre", "rcma", "ueca", "uecb", "uesc",
+/// "ueec", "uewb".
 const QList<DataFile> &buildableKinds();
 
 /// Converts one source file of a kind; false with problems placed by file and line.
@@ -70,6 +76,8 @@ bool convertReconstruction(Converter &c, Exercise &ex);
 bool convertMatching(Converter &c, Exercise &ex);
 bool convertCloze(Converter &c, Exercise &ex);
 bool convertErrorCorrection(Converter &c, Exercise &ex);
+bool convertConversion(Converter &c, Exercise &ex);
+bool convertWordFormation(Converter &c, Exercise &ex);
 
 /// Letters A, B, C ... in order from the first: false with a complaint at the first one out of step.
 bool lettersInOrder(Converter &c, const QList<std::pair<int, QChar>> &letters, const QString &what);

@@ -152,6 +152,54 @@ void checkErrorCorrection(const QStringList &fields, QList<FieldProblem> &out)
     }
 }
 
+/// Sentence conversion, one item per record: the first sentence, the second around the gap, the
+/// word given and at most four accepted answers of at most five words each.
+void checkConversion(const QStringList &fields, QList<FieldProblem> &out)
+{
+    const auto field = [&](std::string_view name) { return fieldOf(DataFile::Uesc, fields, name); };
+    if (field("Title").isEmpty())
+        out << FieldProblem{u"Title"_s, u"empty; it holds the first sentence"_s};
+    if (field("Text1").isEmpty() && field("Text2").isEmpty())
+        out << FieldProblem{u"Text1"_s, u"empty, and so is Text2; they hold the second sentence around the gap"_s};
+    if (field("Word").isEmpty() || field("Word").contains(u' '))
+        out << FieldProblem{u"Word"_s, quoted(field("Word")) + u": the word given is one word"_s};
+    if (field("Answer1").isEmpty())
+        out << FieldProblem{u"Answer1"_s, u"empty; it holds the correct answer"_s};
+    if (!field("Answer5").isEmpty())
+        out << FieldProblem{u"Answer5"_s, quoted(field("Answer5")) + u": never compared; four answers are accepted"_s};
+    for (int n = 1; n <= 4; ++n) {
+        const QString name = u"Answer%1"_s.arg(n);
+        const QString answer = field(name.toLatin1().constData());
+        if (answer.split(u' ', Qt::SkipEmptyParts).size() > 5)
+            out << FieldProblem{name, quoted(answer) + u": more than five words"_s};
+    }
+}
+
+/// Word formation: a practice sentence (layout G) or a test text's ten gaps (layout H).
+void checkWordFormation(DataFile file, const QStringList &fields, QList<FieldProblem> &out)
+{
+    if (file == DataFile::Uewb) {
+        for (const char *name : {"Text", "Word", "Answer"})
+            if (fieldOf(file, fields, name).isEmpty())
+                out << FieldProblem{QString::fromLatin1(name), u"empty; a sentence needs its text, base word and answer"_s};
+        return;
+    }
+    for (int n = 1; n <= 11; ++n) {
+        const QString field = u"Item%1"_s.arg(n);
+        const QString item = fieldOf(file, fields, field.toLatin1().constData());
+        if (n == 11) {
+            if (!item.isEmpty())
+                out << FieldProblem{field, quoted(item) + u": a word-formation text has ten gaps"_s};
+            continue;
+        }
+        const qsizetype slash = item.indexOf(u'/');
+        if (slash < 0)
+            out << FieldProblem{field, quoted(item) + u": no \"/\" between the base word and the answer"_s};
+        else if (slash == 0 || slash == item.size() - 1 || item.indexOf(u'/', slash + 1) >= 0)
+            out << FieldProblem{field, quoted(item) + u": one base word, \"/\", one answer expected"_s};
+    }
+}
+
 } // namespace
 
 KeyKind keyKind(DataFile file, const QString &key)
@@ -190,7 +238,7 @@ QList<FieldProblem> checkFields(DataFile file, const QStringList &fields)
                                            : quoted(code) + u" is not a key: level and exercise (101 to 310) or x01 to x10"_s};
     const bool layoutA = file == DataFile::Rche || file == DataFile::Rcmc || file == DataFile::Rcre;
     const bool named = layoutA || file == DataFile::Rcma || file == DataFile::Ueca || file == DataFile::Uecb
-                       || file == DataFile::Ueec;
+                       || file == DataFile::Ueec || file == DataFile::ExamUewb;
     if (named && fieldOf(file, fields, "Name").isEmpty())
         out << FieldProblem{u"Name"_s, u"empty; it names the exercise's text file"_s};
     if (layoutA && fieldOf(file, fields, "Text1").isEmpty())
@@ -212,6 +260,9 @@ QList<FieldProblem> checkFields(DataFile file, const QStringList &fields)
     case DataFile::Ueca:
     case DataFile::Uecb: checkCloze(file, fields, out); break;
     case DataFile::Ueec: checkErrorCorrection(fields, out); break;
+    case DataFile::Uesc: checkConversion(fields, out); break;
+    case DataFile::Uewb:
+    case DataFile::ExamUewb: checkWordFormation(file, fields, out); break;
     default: break;
     }
     return out;
@@ -233,6 +284,7 @@ QList<FileReference> referencedFiles(DataFile file, const QStringList &fields)
         break;
     case DataFile::Ueca:
     case DataFile::Uecb:
+    case DataFile::ExamUewb:
         if (!name.isEmpty())
             out << FileReference{u"Name"_s, name + u".rtf"_s};
         break;

@@ -73,6 +73,8 @@ void ScoreGaps(ProgramState &s, int kind)
         s.GapWrong[n] = true;
         s.GapAnswerShown[n] = s.GapAnswer[n];
         s.GapAnswer[n] = RemoveCommas(CollapseSpaces(s.GapAnswer[n]));
+        if (kind == 10) // a word typed with a blank before or after it is still the word
+            s.GapAnswer[n] = s.GapAnswer[n].trimmed();
         s.GapKey[n] = RemoveCommas(s.GapKey[n]);
     }
     s.Score = 0;
