@@ -89,7 +89,9 @@ int main(int argc, char **argv)
                                      QStringLiteral("Send every print job of this run to a PDF file: the first to FILE, "
                                                     "later ones to FILE-2.pdf, FILE-3.pdf ..."),
                                      QStringLiteral("FILE"));
-    parser.addOptions({dataDir, script, show, printTo});
+    const QCommandLineOption size(QStringLiteral("size"), QStringLiteral("Open the main window at WIDTHxHEIGHT pixels."),
+                                  QStringLiteral("WxH"));
+    parser.addOptions({dataDir, script, show, printTo, size});
     parser.process(*app);
 
     const QString start = startDirectory(parser.value(dataDir));
@@ -150,6 +152,16 @@ int main(int argc, char **argv)
 
     nav.open(QStringLiteral("Introback"));
     nav.open(QStringLiteral("Intro"));
+    if (parser.isSet(size)) {
+        const QStringList wh = parser.value(size).split(u'x');
+        const int w = wh.value(0).toInt(), h = wh.value(1).toInt();
+        if (wh.size() != 2 || w < 320 || h < 240) {
+            std::fprintf(stderr, "studydesk: --size wants WIDTHxHEIGHT, for example 1920x1080\n");
+            return 2;
+        }
+        nav.host()->showNormal();
+        nav.host()->resize(w, h);
+    }
     if (runner)
         runner->start();
     return app->exec();

@@ -121,8 +121,16 @@ void Navigator::close(ui::Screen *screen)
         const QPointer<QWidget> before = m_focusBefore.take(screen);
         QWidget *window = m_modals.isEmpty() ? m_host : static_cast<QWidget *>(m_modals.last());
         window->activateWindow();
-        if (before && before->isVisible() && window->isAncestorOf(before))
-            before->setFocus(Qt::OtherFocusReason);
+        // The control that had the focus gets it back; if the window took it away (a Check that is
+        // gone once the answers show), the next control in the Tab order does.
+        for (QWidget *w = before; w && window->isAncestorOf(w); w = w->nextInFocusChain()) {
+            if (w->isVisible() && w->isEnabled() && (w->focusPolicy() & Qt::TabFocus)) {
+                w->setFocus(Qt::OtherFocusReason);
+                break;
+            }
+            if (w->nextInFocusChain() == before)
+                break;
+        }
     } else {
         m_pageStack.removeAll(screen);
         m_pages->removeWidget(screen);

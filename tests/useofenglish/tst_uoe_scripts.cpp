@@ -2,6 +2,7 @@
 // checked once more, and shown with its correct answers and wrong marks.
 
 #include "gapfixtures.h"
+#include "reading/readingdata.h"
 
 #include <QJsonArray>
 
@@ -21,6 +22,7 @@ class TestUoeScripts : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
+        test::writeReadingExercises(dir);
         dir.writeRecords(DataFile::Ueca, {gapRecord(u"101"_s, u"surf"_s, choiceItems)});
         dir.writeRtf(u"surf"_s, u"My cousin (1) me to try surfing."_s);
         dir.writeRecords(DataFile::Uecb, {gapRecord(u"101"_s, u"sign"_s, openItems.mid(0, 10))});
@@ -135,6 +137,40 @@ private Q_SLOTS:
             QVERIFY2(c.value(u"visible"_s).toBool(), qPrintable(it.key()));
         }
         QVERIFY(!run.control(screen, u"Check"_s).value(u"visible"_s).toBool());
+    }
+
+    void keyboardOnly()
+    {
+        // From the start screen to a checked Reading exercise and a checked cloze and back, with keys alone.
+        const auto typed = [](const QStringList &words) {
+            QString out;
+            for (const QString &w : words) {
+                for (const QChar c : w)
+                    out += u"key "_s + c.toUpper() + u'\n';
+                out += u"key Tab\n"_s;
+            }
+            return out;
+        };
+        const QString toExercise1 = u"key Return\nkey Down\nkey Down\nkey Down\nkey Return\n"_s;
+        // Escape closes the score window; the focus is back on Check (Reading) or, with Check gone
+        // once the answers show, on the next button (Use of English); then on to Exit and Back.
+        const QString leave = u"key Escape\nkey Tab\nkey Tab\nkey Tab\nkey Return\nkey Up\nkey Return\n"_s;
+        const QString leaveCloze = u"key Escape\nkey Tab\nkey Tab\nkey Return\nkey Up\nkey Return\n"_s;
+        const test::ScriptRun run = test::runScript(
+            dir.path(), u"key Tab\nkey Down\nkey Down\nkey Return\n"      // practice exercises
+                        u"key Down\nkey Return\n"_s                          // multiple choice
+                        + toExercise1 + typed({u"a"_s, u"b"_s, u"c"_s, u"d"_s}) + u"key Return\ndump\n"_s + leave
+                        + u"key Down\nkey Down\nkey Down\nkey Down\nkey Down\nkey Down\nkey Return\n"_s // open cloze
+                        + toExercise1
+                        + typed({u"on"_s, u"rather"_s, u"who"_s, u"like"_s, u"so"_s, u"that"_s, u"for"_s, u"up"_s,
+                                 u"not"_s, u"its"_s})
+                        + u"key Return\ndump\n"_s + leaveCloze + u"key Up\nkey Return\ndump\n"_s);
+        QCOMPARE(run.exitCode, 0);
+        QCOMPARE(run.control(u"rc2check"_s, u"lblScore"_s, 0).value(u"text"_s).toString(), u"4 out of 4"_s);
+        QCOMPARE(run.control(u"uecheck"_s, u"lblScore"_s, 1).value(u"text"_s).toString(), u"10 out of 10"_s);
+        QVERIFY(!run.screen(u"Intro"_s, 2).isEmpty());
+        QCOMPARE(run.events.last().value(u"screens"_s).toArray().last().toObject().value(u"name"_s).toString(),
+                 u"Intro"_s);
     }
 };
 
