@@ -194,6 +194,10 @@ void Pracchoice::showChosenLevel()
 {
     for (int i = 0; i < m_levels.size(); ++i)
         m_levels[i]->setChosen(state.LevelCode == QString::number(i + 1));
+    // A screen reader names the exercise with the level it belongs to.
+    for (int n = 1; n <= 10; ++n)
+        if (auto *l = findChild<QLabel *>(QStringLiteral("lblEx%1").arg(n)))
+            l->setAccessibleName(QStringLiteral("Exercise %1, level %2").arg(n).arg(state.LevelCode));
 }
 
 void Pracchoice::chooseLevel(int level)

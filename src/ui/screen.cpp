@@ -6,9 +6,12 @@
 #include "webpagebox.h"
 
 #include <QCloseEvent>
+#include <QRegularExpression>
 #include <QFileInfo>
 #include <QMouseEvent>
 #include <QPainter>
+
+using namespace Qt::StringLiterals;
 
 namespace sd::ui {
 
@@ -196,6 +199,43 @@ void Screen::clearMenuHighlight()
         if (!l)
             continue;
         l->setNormalLook();
+    }
+}
+
+void Screen::showEvent(QShowEvent *e)
+{
+    QWidget::showEvent(e);
+    nameControlsForScreenReaders();
+}
+
+void Screen::nameControlsForScreenReaders()
+{
+    static const QRegularExpression numbered(u"^(Text|Combo|CheckBox)(\\d+)$"_s);
+    const auto children = findChildren<QWidget *>();
+    for (QWidget *w : children) {
+        if (!w->accessibleName().isEmpty() || w->objectName().isEmpty() || w->objectName().startsWith(u"qt_"_s))
+            continue;
+        QString name;
+        if (auto *b = qobject_cast<ImageButton *>(w)) {
+            name = b->caption() ? b->caption()->text() : w->property("picture").toString();
+        } else if (auto *l = qobject_cast<QLabel *>(w)) {
+            name = l->text().isEmpty() ? w->property("picture").toString() : l->text();
+            if (!l->text().isEmpty() || name.isEmpty())
+                name = lineBreaks(l->text()).replace(u'\n', u' ');
+            else
+                name = u"Picture: "_s + name;
+        } else if (const QRegularExpressionMatch m = numbered.match(w->objectName()); m.hasMatch()) {
+            name = m.captured(1) == u"CheckBox"_s ? u"Line %1 is correct"_s.arg(m.captured(2))
+                                                  : u"Answer box for question %1"_s.arg(m.captured(2));
+        } else if (w->objectName() == u"RichTextBox1"_s || w->objectName() == u"WebBrowser1"_s) {
+            name = u"Passage"_s;
+        } else if (w->objectName() == u"RichTextBox2"_s) {
+            name = u"Questions"_s;
+        } else {
+            name = w->objectName();
+        }
+        if (!name.isEmpty())
+            w->setAccessibleName(name);
     }
 }
 

@@ -64,12 +64,16 @@ public:
 
     /// Modal screens are shown as small windows over the main window.
     bool isModalScreen() const { return m_modal; }
+    /// Gives every control without an accessible name one from what it shows: a label's text, a
+    /// button's caption, a box's purpose from its name ("Answer box for question 4").
+    void nameControlsForScreenReaders();
     void setModalScreen(bool modal) { m_modal = modal; }
 
 Q_SIGNALS:
     void closed();
 
 protected:
+    void showEvent(QShowEvent *e) override;
     void resizeEvent(QResizeEvent *e) override;
     void mouseMoveEvent(QMouseEvent *e) override;
     void paintEvent(QPaintEvent *e) override;
