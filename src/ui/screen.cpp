@@ -29,7 +29,8 @@ Screen::Screen(const QString &code, QWidget *parent) : QWidget(parent)
     setMouseTracking(true);
     setAutoFillBackground(true);
     QPalette pal = palette();
-    pal.setColor(QPalette::Window, QColor(32, 96, 191));
+    // Dark enough that the pale-blue captions keep 4.5:1 against it.
+    pal.setColor(QPalette::Window, QColor(22, 66, 144));
     pal.setColor(QPalette::WindowText, Qt::white);
     setPalette(pal);
     resize(m_designSize);
