@@ -1,4 +1,5 @@
 #include "frame/core/services.h"
+#include "frame/core/printtext.h"
 #include "frame/core/settings.h"
 #include "frame/core/state.h"
 #include "frame/navigator.h"
@@ -144,7 +145,7 @@ int main(int argc, char **argv)
     sd::QtPrinter::Options printing;
     printing.printTo = parser.value(printTo);
     printing.usePrinters = !scripted;
-    printing.choosePdf = [&state] { return sd::QtPrinter::askForPdfFile(*state.SaveAs); };
+    printing.choosePdf = [&state] { return sd::QtPrinter::askForPdfFile(*state.SaveAs, sd::printoutName(state)); };
     auto printer = std::make_unique<sd::QtPrinter>(printing);
     if (runner)
         printer->jobEnded = [r = runner.get()](const QString &file, int pages) { r->reportPrint(file, pages); };

@@ -2,12 +2,15 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QApplication>
+#include <QDate>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QImage>
+#include <QLocale>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <QStandardPaths>
 #include <QTextDocument>
 
 namespace sd {
@@ -67,13 +70,24 @@ QString QtPrinter::numberedFile(const QString &base, int n)
 
 QString QtSaveDialog::askSaveFile(const QString &title, const QString &proposed, const QString &filter)
 {
-    return QFileDialog::getSaveFileName(QApplication::activeWindow(), title, proposed, filter);
+    // Our own dialog, so that what it is for is said in its text as well as in its title.
+    QFileDialog dialog(QApplication::activeWindow(), title, proposed, filter);
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setLabelText(QFileDialog::FileName, title.section(QStringLiteral(" - "), 0, 0) + QStringLiteral(". File name:"));
+    dialog.selectFile(proposed);
+    return dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty() ? dialog.selectedFiles().first()
+                                                                                   : QString();
 }
 
-QString QtPrinter::askForPdfFile(SaveDialog &dialog)
+QString QtPrinter::askForPdfFile(SaveDialog &dialog, const QString &proposedName)
 {
-    QString file = dialog.askSaveFile(QStringLiteral("No printer found - save the printout as a PDF file"),
-                                      QDir::home().filePath(QStringLiteral("StudyDesk printout.pdf")),
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    QString file = dialog.askSaveFile(QStringLiteral("No printer is installed - save the printout as a PDF file"),
+                                      QDir(folder.isEmpty() ? QDir::homePath() : folder)
+                                          .filePath((proposedName.isEmpty() ? QStringLiteral("StudyDesk printout")
+                                                                            : proposedName)
+                                                    + QStringLiteral(".pdf")),
                                       QStringLiteral("PDF file (*.pdf)"));
     if (!file.isEmpty() && !file.endsWith(QStringLiteral(".pdf"), Qt::CaseInsensitive))
         file += QStringLiteral(".pdf");
@@ -99,6 +113,7 @@ bool QtPrinter::startJob(const QString &title)
     m_printer = target.isNull() ? std::make_unique<QPrinter>(QPrinter::HighResolution)
                                 : std::make_unique<QPrinter>(target, QPrinter::HighResolution);
     m_printer->setDocName(title.isEmpty() ? QStringLiteral("StudyDesk") : title);
+    m_title = title.isEmpty() ? QStringLiteral("StudyDesk") : title;
     m_printer->setCreator(QStringLiteral("StudyDesk"));
     if (!chosen.isEmpty()) {
         m_printer->setOutputFormat(QPrinter::PdfFormat);
@@ -123,6 +138,30 @@ void QtPrinter::ensurePainter()
         throw PrintError(QStringLiteral("The printer did not accept the job"));
     m_pages = 1;
     m_y = 0;
+    drawPageMargins();
+}
+
+void QtPrinter::drawPageMargins()
+{
+    // In the margins, outside the text: what the page is, when it was printed, and its number.
+    const QRectF paper = m_printer->paperRect(QPrinter::DevicePixel);
+    const QRectF page = m_printer->pageRect(QPrinter::DevicePixel);
+    const qreal top = page.top() - paper.top();
+    const qreal bottom = paper.bottom() - page.bottom();
+    if (top <= 0 || bottom <= 0)
+        return;
+    m_painter.save();
+    QFont font(QStringLiteral("Arial"));
+    font.setPointSize(8);
+    m_painter.setFont(font);
+    m_painter.setPen(QColor(80, 80, 80));
+    const QFontMetricsF metrics(font, m_printer.get());
+    const qreal width = page.width();
+    const QString header = m_title + QStringLiteral("  \u00B7  ") + QLocale().toString(QDate::currentDate(), QLocale::LongFormat);
+    m_painter.drawText(QRectF(0, -top / 2 - metrics.height() / 2, width, metrics.height()), Qt::AlignLeft, header);
+    m_painter.drawText(QRectF(0, page.height() + bottom / 2 - metrics.height() / 2, width, metrics.height()),
+                       Qt::AlignHCenter, QStringLiteral("Page %1").arg(m_pages));
+    m_painter.restore();
 }
 
 QSizeF QtPrinter::pageSize() const
@@ -136,6 +175,7 @@ void QtPrinter::newPage()
         throw PrintError(QStringLiteral("The printer could not start a new page"));
     ++m_pages;
     m_y = 0;
+    drawPageMargins();
 }
 
 void QtPrinter::fillPage()

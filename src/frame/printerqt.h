@@ -38,7 +38,7 @@ public:
     /// The file of the nth job sent to `base`.
     static QString numberedFile(const QString &base, int n);
     /// The save dialog offered when there is no printer; empty when cancelled.
-    static QString askForPdfFile(SaveDialog &dialog);
+    static QString askForPdfFile(SaveDialog &dialog, const QString &proposedName);
 
 protected:
     bool startJob(const QString &title) override;
@@ -52,12 +52,14 @@ private:
     void newPage();
     /// Anything further goes on a fresh page.
     void fillPage();
+    void drawPageMargins();
     QSizeF pageSize() const;
 
     Options m_options;
     std::unique_ptr<QPrinter> m_printer;
     QPainter m_painter;
     QString m_file;
+    QString m_title;
     int m_filesWritten = 0;
     int m_pages = 0;
     qreal m_y = 0;

@@ -7,6 +7,7 @@
 #include "ui/files/datapath.h"
 
 #include <QFile>
+#include <QRegularExpression>
 
 namespace sd {
 
@@ -184,6 +185,25 @@ void PrintCompositionPage(ProgramState &state)
 void PrintLetterPage(ProgramState &state)
 {
     printPage(state, state.LetterHeading, state.LetterText);
+}
+
+QString printoutName(const ProgramState &state)
+{
+    static const char *const papers[] = {"Reading", "Writing", "Use of English"};
+    const int kind = state.ExerciseKind;
+    if (kind < 1 || kind > 10 || state.LevelCode.isEmpty())
+        return QStringLiteral("StudyDesk printout");
+    const int paper = kind <= 4 ? 0 : kind == 5 ? 1 : 2;
+    const auto number = [](const QString &code) { return QString::number(code.toInt()); };
+    QString name = QString::fromLatin1(papers[paper]) + QStringLiteral(" - ") + state.KindNames[kind];
+    if (state.TestMode)
+        name += QStringLiteral(" - Test ") + number(state.LevelCode);
+    else
+        name += QStringLiteral(" - Level ") + number(state.LevelCode) + QStringLiteral(" - Exercise ")
+                + number(state.ExerciseCode);
+    // No character a file system might refuse.
+    name.replace(QRegularExpression(QStringLiteral("[/\\\\:*?\"<>|]")), QStringLiteral("-"));
+    return name;
 }
 
 QStringList ReadHelpText(const QString &dataDir, const QString &name)

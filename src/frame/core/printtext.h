@@ -55,6 +55,10 @@ private:
 void PrintCompositionPage(ProgramState &state);
 /// The same for the letter state.
 void PrintLetterPage(ProgramState &state);
+/// The file a printout is offered under when there is no printer: "Reading - Multiple choice - Level 2 -
+/// Exercise 3", "Use of English - Open Cloze - Test 4"; "StudyDesk printout" outside an exercise.
+QString printoutName(const ProgramState &state);
+
 /// The lines of the help text file `name` of the data directory as read; throws ProgramError when it
 /// cannot be read.
 QStringList ReadHelpText(const QString &dataDir, const QString &name);
