@@ -70,6 +70,7 @@ ui::Screen *Navigator::openModal(const QString &code, std::function<void()> onCl
     s->resize(size);
     s->move(m_host->geometry().center() - QPoint(size.width() / 2, size.height() / 2));
     m_modals.append(s);
+    dimPages(true);
     if (onClosed)
         m_onClosed.insert(s, std::move(onClosed));
     // Closing the window by its frame counts as closing the screen.
@@ -101,6 +102,26 @@ void Navigator::showError(const QString &text)
     openModal(QStringLiteral("Error"));
 }
 
+void Navigator::dimPages(bool dim)
+{
+    // The page behind a modal window is dimmed, and its buttons cannot light up through it.
+    if (!m_dimmer) {
+        m_dimmer = new QWidget(m_host);
+        m_dimmer->setAutoFillBackground(true);
+        QPalette pal = m_dimmer->palette();
+        pal.setColor(QPalette::Window, QColor(0, 0, 0, 110));
+        m_dimmer->setPalette(pal);
+        m_dimmer->hide();
+    }
+    if (dim) {
+        m_dimmer->setGeometry(m_host->rect());
+        m_dimmer->raise();
+        m_dimmer->show();
+    } else {
+        m_dimmer->hide();
+    }
+}
+
 void Navigator::showMessage(const QString &text, std::function<void()> onClosed)
 {
     m_state.MessageText = text;
@@ -116,6 +137,7 @@ void Navigator::close(ui::Screen *screen)
     std::function<void()> after = m_onClosed.take(screen);
     if (m_modals.contains(screen)) {
         m_modals.removeAll(screen);
+        dimPages(!m_modals.isEmpty());
         screen->hide();
         screen->deleteLater();
         const QPointer<QWidget> before = m_focusBefore.take(screen);

@@ -72,6 +72,7 @@ private:
     /// Drops a destroyed screen; compares QObject identity only, since a dying object is no
     /// longer a Screen.
     void forget(QObject *object);
+    void dimPages(bool dim);
 
     ProgramState &m_state;
     QHash<QString, Factory> m_factories;
@@ -81,6 +82,7 @@ private:
     QList<ui::Screen *> m_modals;
     QHash<ui::Screen *, std::function<void()>> m_onClosed;
     QHash<ui::Screen *, QPointer<QWidget>> m_focusBefore;
+    QPointer<QWidget> m_dimmer;
 };
 
 } // namespace sd

@@ -4,6 +4,8 @@
 #include <QPainter>
 #include <QSvgRenderer>
 
+#include <algorithm>
+
 // Resources compiled into a static library are registered on first use.
 static void registerPictures()
 {
@@ -38,6 +40,24 @@ QPixmap picture(const QString &name, QSize size)
     QPainter p(&pm);
     p.setRenderHint(QPainter::Antialiasing);
     render(p, name, QRectF(QPointF(0, 0), QSizeF(pm.size())));
+    return pm;
+}
+
+QPixmap coveringPicture(const QString &name, QSize size)
+{
+    registerPictures();
+    QPixmap pm(size.expandedTo(QSize(1, 1)));
+    pm.fill(Qt::transparent);
+    QSvgRenderer r(resourcePath(name));
+    if (!r.isValid())
+        return pm;
+    // Scaled evenly until it covers the whole area, centred, the overflow cut off: never stretched.
+    const QSizeF own = r.defaultSize();
+    const qreal scale = std::max(pm.width() / own.width(), pm.height() / own.height());
+    const QSizeF drawn = own * scale;
+    QPainter p(&pm);
+    p.setRenderHint(QPainter::Antialiasing);
+    r.render(&p, QRectF(QPointF((pm.width() - drawn.width()) / 2, (pm.height() - drawn.height()) / 2), drawn));
     return pm;
 }
 

@@ -7,6 +7,8 @@ namespace sd::ui {
 
 /// Renders a picture of the shared set (":/pictures/NAME.svg") at the given size.
 QPixmap picture(const QString &name, QSize size);
+/// A background picture covering `size` with its proportions kept (the overflow is cut off).
+QPixmap coveringPicture(const QString &name, QSize size);
 /// Renders a button: its state background with the icon on top.
 enum class ButtonState { Normal, Lit, Pressed };
 QPixmap buttonPicture(const QString &icon, ButtonState state, QSize size);

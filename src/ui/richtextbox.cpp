@@ -18,6 +18,8 @@ RichTextBox::RichTextBox(QWidget *parent)
     setReadOnly(true);
     setUndoRedoEnabled(false);
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    // Text to read, not to edit: no blinking cursor (the keys still scroll and select).
+    setCursorWidth(0);
 }
 
 namespace {

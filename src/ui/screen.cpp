@@ -268,12 +268,20 @@ void Screen::backgroundHovered()
 
 void Screen::paintEvent(QPaintEvent *e)
 {
-    if (m_background.isEmpty())
-        return QWidget::paintEvent(e);
-    if (m_backgroundCache.size() != size())
-        m_backgroundCache = picture(m_background, size());
     QPainter p(this);
-    p.drawPixmap(0, 0, m_backgroundCache);
+    if (!m_background.isEmpty()) {
+        if (m_backgroundCache.size() != size())
+            m_backgroundCache = coveringPicture(m_background, size());
+        p.drawPixmap(0, 0, m_backgroundCache);
+    } else {
+        QWidget::paintEvent(e);
+    }
+    if (m_modal) {
+        // A window over the page has a frame of its own, whatever the window manager draws.
+        const qreal w = std::max<qreal>(2.0, 3.0 * m_scale);
+        p.setPen(QPen(ImageButton::highlightColour(), w));
+        p.drawRect(QRectF(rect()).adjusted(w / 2, w / 2, -w / 2, -w / 2));
+    }
 }
 
 void Screen::closeEvent(QCloseEvent *e)

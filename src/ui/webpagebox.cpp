@@ -21,6 +21,7 @@ WebPageBox::WebPageBox(QWidget *parent)
     // We decide where a click goes: QTextBrowser would happily leave our pages.
     setOpenLinks(false);
     setOpenExternalLinks(false);
+    setCursorWidth(0); // text to read: no blinking cursor
     connect(this, &QTextBrowser::anchorClicked, this, &WebPageBox::followLink);
 }
 

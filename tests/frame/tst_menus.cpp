@@ -202,8 +202,13 @@ private Q_SLOTS:
         QVERIFY(app->top()->isModalScreen());
         QTEST(app->text(u"Label1"_s), "message");
         QCOMPARE(app->text(u"lblContinue"_s), u"Continue"_s);
+        // The page behind is dimmed and covered, so nothing on it lights up through the window.
+        QWidget *page = app->nav.showing().first();
+        QWidget *over = app->nav.host()->childAt(page->geometry().center());
+        QVERIFY(over && !page->isAncestorOf(over) && over != page);
         app->click(u"Continue"_s);
         QTEST(app->topCode(), "backOn");
+        QCOMPARE(app->nav.host()->childAt(page->geometry().center()) == over, false);
     }
 };
 
