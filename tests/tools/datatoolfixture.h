@@ -39,6 +39,24 @@ inline void copyContent(const QString &sourceDir, const QStringList &files)
         writeBytes(sourceDir + u'/' + f, readBytes(contentDir() + u'/' + f));
 }
 
+/// One exercise of every kind a menu offers (the checker requires their files), two of one, and their help.
+inline const QStringList oneOfEachKind{
+    QStringLiteral("rcmc/101.md"),     QStringLiteral("rcmc/102.md"),     QStringLiteral("ueec/101.md"),
+    QStringLiteral("rche/104.md"),     QStringLiteral("rcre/104.md"),     QStringLiteral("rcma/102.md"),
+    QStringLiteral("ueca/103.md"),     QStringLiteral("uecb/104.md"),     QStringLiteral("uesc/101.md"),
+    QStringLiteral("uesc/x01.md"),     QStringLiteral("uewb/101.md"),     QStringLiteral("uewb/x01.md"),
+    QStringLiteral("help/helpgen.md"), QStringLiteral("help/helpprog.md"), QStringLiteral("help/helprcmc.md"),
+    QStringLiteral("help/helpueec.md"), QStringLiteral("help/helprche.md"), QStringLiteral("help/helprcre.md"),
+    QStringLiteral("help/helprcma.md"), QStringLiteral("help/helpueca.md"), QStringLiteral("help/helpuecb.md"),
+    QStringLiteral("help/helpuesc.md"), QStringLiteral("help/helpuewb.md")};
+
+/// Copies the files of a data directory into another.
+inline void copyFiles(const QString &from, const QString &to)
+{
+    for (const QString &name : QDir(from).entryList(QDir::Files))
+        QFile::copy(from + u'/' + name, to + u'/' + name);
+}
+
 /// Builds a source folder in-process; fails the test on any problem.
 inline bool buildQuietly(const QString &sourceDir, const QString &outDir)
 {

@@ -120,14 +120,7 @@ private Q_SLOTS:
     void initTestCase()
     {
         const QString src = m_tmp.filePath(u"content"_s);
-        // One exercise of every kind a menu offers (the checker requires their files), two of one.
-        test::copyContent(src, {u"rcmc/101.md"_s, u"rcmc/102.md"_s, u"ueec/101.md"_s, u"rche/104.md"_s,
-                                u"rcre/104.md"_s, u"rcma/102.md"_s, u"ueca/103.md"_s, u"uecb/104.md"_s,
-                                u"uesc/101.md"_s, u"uesc/x01.md"_s, u"uewb/101.md"_s, u"uewb/x01.md"_s,
-                                u"help/helpgen.md"_s, u"help/helpprog.md"_s, u"help/helprcmc.md"_s,
-                                u"help/helpueec.md"_s, u"help/helprche.md"_s, u"help/helprcre.md"_s,
-                                u"help/helprcma.md"_s, u"help/helpueca.md"_s, u"help/helpuecb.md"_s,
-                                u"help/helpuesc.md"_s, u"help/helpuewb.md"_s});
+        test::copyContent(src, test::oneOfEachKind);
         m_good = m_tmp.filePath(u"data"_s);
         QVERIFY(test::buildQuietly(src, m_good));
     }
@@ -172,8 +165,7 @@ private Q_SLOTS:
     {
         QFETCH(Fault, fault);
         QTemporaryDir dir;
-        for (const QString &name : QDir(m_good).entryList(QDir::Files))
-            QFile::copy(m_good + u'/' + name, dir.filePath(name));
+        test::copyFiles(m_good, dir.path());
         applyFault(dir.path(), fault);
         const data::CheckReport report = data::checkDataDirectory(dir.path());
         QTEST(report.errors, "expected");

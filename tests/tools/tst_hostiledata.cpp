@@ -87,11 +87,7 @@ private Q_SLOTS:
     void initTestCase()
     {
         const QString src = m_tmp.filePath(u"content"_s);
-        test::copyContent(src, {u"rcmc/101.md"_s, u"rcmc/102.md"_s, u"ueec/101.md"_s, u"rche/104.md"_s,
-                                u"rcre/104.md"_s, u"rcma/102.md"_s, u"ueca/103.md"_s, u"uecb/104.md"_s,
-                                u"help/helpgen.md"_s, u"help/helpprog.md"_s, u"help/helprcmc.md"_s,
-                                u"help/helpueec.md"_s, u"help/helprche.md"_s, u"help/helprcre.md"_s,
-                                u"help/helprcma.md"_s, u"help/helpueca.md"_s, u"help/helpuecb.md"_s});
+        test::copyContent(src, test::oneOfEachKind);
         m_good = m_tmp.filePath(u"data"_s);
         QVERIFY(test::buildQuietly(src, m_good));
         // The one rcma exercise is 102: make it exercise 1 of level 1 so the menus reach it by its key.
@@ -139,8 +135,7 @@ private Q_SLOTS:
         QFETCH(QString, checker);
         QFETCH(QString, shown);
         QTemporaryDir dir, outside;
-        for (const QString &name : QDir(m_good).entryList(QDir::Files))
-            QFile::copy(m_good + u'/' + name, dir.filePath(name));
+        test::copyFiles(m_good, dir.path());
         apply(dir.path(), outside.path(), hostile);
 
         const data::CheckReport report = data::checkDataDirectory(dir.path());
@@ -162,8 +157,7 @@ private Q_SLOTS:
     void markupShownAsTyped()
     {
         QTemporaryDir dir, outside;
-        for (const QString &name : QDir(m_good).entryList(QDir::Files))
-            QFile::copy(m_good + u'/' + name, dir.filePath(name));
+        test::copyFiles(m_good, dir.path());
         apply(dir.path(), outside.path(), Hostile::Markup);
         const data::CheckReport report = data::checkDataDirectory(dir.path());
         QVERIFY(report.errors.join(u'\n').contains(u"pracrcma.dat: key 101: Item1: holds markup (\"<img src=/et\")"_s));
@@ -180,8 +174,7 @@ private Q_SLOTS:
     void checkerEscapesControlCharacters()
     {
         QTemporaryDir dir;
-        for (const QString &name : QDir(m_good).entryList(QDir::Files))
-            QFile::copy(m_good + u'/' + name, dir.filePath(name));
+        test::copyFiles(m_good, dir.path());
         // Markup makes the checker quote the field, raw bytes and all.
         test::patchField(dir.path(), DataFile::Ueec, 1, "Title", QByteArray("<b>\x1b[31m\x07\0after", 14));
         QProcess p;
