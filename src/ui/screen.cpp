@@ -214,10 +214,12 @@ void Screen::nameControlsForScreenReaders()
     static const QRegularExpression numbered(u"^(Text|Combo|CheckBox)(\\d+)$"_s);
     const auto children = findChildren<QWidget *>();
     for (QWidget *w : children) {
-        if (!w->accessibleName().isEmpty() || w->objectName().isEmpty() || w->objectName().startsWith(u"qt_"_s))
+        if (w->objectName().isEmpty() || w->objectName().startsWith(u"qt_"_s))
             continue;
-        QString name;
-        if (auto *b = qobject_cast<ImageButton *>(w)) {
+        QString name = w->accessibleName();
+        if (!name.isEmpty()) {
+            // named by the screen itself
+        } else if (auto *b = qobject_cast<ImageButton *>(w)) {
             name = b->caption() ? b->caption()->text() : w->property("picture").toString();
         } else if (auto *l = qobject_cast<QLabel *>(w)) {
             name = l->text().isEmpty() ? w->property("picture").toString() : l->text();
@@ -235,8 +237,17 @@ void Screen::nameControlsForScreenReaders()
         } else {
             name = w->objectName();
         }
-        if (!name.isEmpty())
+        if (!name.isEmpty() && w->accessibleName().isEmpty())
             w->setAccessibleName(name);
+        // What the control does, for the screen reader to say after its name.
+        if (w->accessibleDescription().isEmpty()) {
+            if (qobject_cast<ImageButton *>(w))
+                w->setAccessibleDescription(u"Button: press Enter or Space"_s);
+            else if (qobject_cast<MenuLabel *>(w))
+                w->setAccessibleDescription(u"Menu entry: press Enter to choose, arrow keys to move"_s);
+            else if (numbered.match(w->objectName()).hasMatch())
+                w->setAccessibleDescription(u"Your answer"_s);
+        }
     }
 }
 

@@ -96,6 +96,8 @@ private Q_SLOTS:
                 continue;
             if (w->accessibleName().isEmpty())
                 unnamed << w->objectName();
+            if (w->inherits("sd::ui::ImageButton") && w->accessibleDescription().isEmpty())
+                unnamed << w->objectName() + u" (what it does)"_s;
             auto *label = qobject_cast<QLabel *>(w);
             if (label && !label->text().trimmed().isEmpty()) {
                 const double c = worstContrast(label);
