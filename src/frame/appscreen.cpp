@@ -4,7 +4,6 @@
 #include "core/state.h"
 
 #include <QKeyEvent>
-#include <QSettings>
 
 #include <algorithm>
 
@@ -70,8 +69,7 @@ void AppScreen::keyPressEvent(QKeyEvent *e)
     if (step != state.TextStep) {
         state.TextStep = step;
         setTextFactor(StudentSettings::textFactor(step));
-        QSettings store(StudentSettings::storeOrganisation(), StudentSettings::storeApplication());
-        StudentSettings::from(state).save(store);
+        StudentSettings::keep(state);
     }
     e->accept();
 }

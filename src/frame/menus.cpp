@@ -7,7 +7,6 @@
 #include <QCheckBox>
 #include <QCoreApplication>
 #include <QPushButton>
-#include <QSettings>
 #include <QSlider>
 
 #include <algorithm>
@@ -268,6 +267,7 @@ Settings::Settings(ProgramState &s, Navigator &nav) : AppScreen(QStringLiteral("
     volume->setSingleStep(10);
     volume->setPageStep(20);
     volume->setValue(s.Volume);
+    volume->setEnabled(s.SoundOn);
     volume->setAccessibleName(QStringLiteral("Volume"));
     place(volume, QRect(450, 300, 300, 40));
     connect(volume, &QSlider::valueChanged, this, [this] { changed(); });
@@ -311,8 +311,7 @@ void Settings::changed()
     state.ShowWebPages = findChild<QCheckBox *>(QStringLiteral("chkWebPages"))->isChecked();
     findChild<QSlider *>(QStringLiteral("sldVolume"))->setEnabled(state.SoundOn);
     showTextSize();
-    QSettings store(StudentSettings::storeOrganisation(), StudentSettings::storeApplication());
-    StudentSettings::from(state).save(store);
+    StudentSettings::keep(state);
 }
 
 MessageBox::MessageBox(ProgramState &s, Navigator &nav) : AppScreen(QStringLiteral("MessageBox"), s, nav)

@@ -222,11 +222,9 @@ void Screen::nameControlsForScreenReaders()
         } else if (auto *b = qobject_cast<ImageButton *>(w)) {
             name = b->caption() ? b->caption()->text() : w->property("picture").toString();
         } else if (auto *l = qobject_cast<QLabel *>(w)) {
-            name = l->text().isEmpty() ? w->property("picture").toString() : l->text();
-            if (!l->text().isEmpty() || name.isEmpty())
-                name = lineBreaks(l->text()).replace(u'\n', u' ');
-            else
-                name = u"Picture: "_s + name;
+            const QString picture = w->property("picture").toString();
+            name = l->text().isEmpty() && !picture.isEmpty() ? u"Picture: "_s + picture
+                                                             : lineBreaks(l->text()).replace(u'\n', u' ');
         } else if (const QRegularExpressionMatch m = numbered.match(w->objectName()); m.hasMatch()) {
             name = m.captured(1) == u"CheckBox"_s ? u"Line %1 is correct"_s.arg(m.captured(2))
                                                   : u"Answer box for question %1"_s.arg(m.captured(2));

@@ -2,12 +2,11 @@
 
 #include "ui/files/datapath.h"
 #include "ui/richtextbox.h"
+#include "ui/rtf/rtfreader.h"
 
-#include <QBuffer>
 #include <QDir>
 #include <QFileInfo>
 #include <QImage>
-#include <QImageReader>
 #include <QStringDecoder>
 #include <QUrl>
 
@@ -97,14 +96,8 @@ QVariant WebPageBox::loadResource(int type, const QUrl &name)
     if (!file.ok())
         return refused;
     if (type == QTextDocument::ImageResource) {
-        QBuffer buffer;
-        buffer.setData(file.bytes);
-        buffer.open(QIODevice::ReadOnly);
-        QImageReader reader(&buffer);
-        const QSize size = reader.size();
-        if (size.isValid() && qint64(size.width()) * size.height() > MaxPicturePixels)
-            return refused;
-        return reader.read();
+        const QImage image = rtf::decodePicture(file.bytes);
+        return image.isNull() ? refused : QVariant(image);
     }
     if (type == QTextDocument::StyleSheetResource)
         return file.bytes;

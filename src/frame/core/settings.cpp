@@ -38,6 +38,12 @@ void StudentSettings::save(QSettings &store) const
     store.sync();
 }
 
+void StudentSettings::keep(const ProgramState &state)
+{
+    QSettings store(storeOrganisation(), storeApplication());
+    from(state).save(store);
+}
+
 void StudentSettings::applyTo(ProgramState &state) const
 {
     state.ClockShown = clockShown;

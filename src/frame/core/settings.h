@@ -32,6 +32,8 @@ struct StudentSettings
     static QString storeOrganisation() { return QString::fromLatin1(OrganisationName); }
     static QString storeApplication() { return QString::fromLatin1(ApplicationName); }
     void save(QSettings &store) const;
+    /// Keeps the program state's settings in the student's own store.
+    static void keep(const ProgramState &state);
     /// Puts the settings into the program state, which every screen reads.
     void applyTo(ProgramState &state) const;
     static StudentSettings from(const ProgramState &state);

@@ -4,11 +4,10 @@
 
 #include "ui/files/datapath.h"
 #include "ui/rtf/rtfcodepage.h"
+#include "ui/rtf/rtfreader.h"
 #include "ui/rtf/rtftokenizer.h"
 
-#include <QBuffer>
 #include <QImage>
-#include <QImageReader>
 #include <QTextDocument>
 
 using namespace Qt::StringLiterals;
@@ -326,23 +325,6 @@ void Parser::pictureData(std::string_view hex)
     }
 }
 
-namespace {
-/// Decodes a picture only when its size, read from its header, is within the limit: a small file
-/// can claim a huge bitmap.
-QImage decodePicture(const QByteArray &data, const char *format, bool *tooLarge)
-{
-    QBuffer buffer;
-    buffer.setData(data);
-    buffer.open(QIODevice::ReadOnly);
-    QImageReader reader(&buffer, format);
-    const QSize size = reader.size();
-    if (size.isValid() && qint64(size.width()) * size.height() > MaxPicturePixels) {
-        *tooLarge = true;
-        return QImage();
-    }
-    return reader.read();
-}
-} // namespace
 
 void Parser::finishPicture(const State &s)
 {

@@ -3,6 +3,9 @@
 #include "ui/files/datapath.h"
 #include "ui/rtf/rtfparser.h"
 
+#include <QBuffer>
+#include <QImage>
+#include <QImageReader>
 #include <QTextCursor>
 #include <QTextDocument>
 
@@ -29,6 +32,19 @@ ReadResult readRtf(const QByteArray &data, QTextDocument &doc)
     doc.setUndoRedoEnabled(undo);
     doc.setModified(false);
     return result;
+}
+
+QImage decodePicture(const QByteArray &data, const char *format, bool *tooLarge)
+{
+    QBuffer buffer;
+    buffer.setData(data);
+    buffer.open(QIODevice::ReadOnly);
+    QImageReader reader(&buffer, format);
+    const QSize size = reader.size();
+    const bool over = size.isValid() && qint64(size.width()) * size.height() > MaxPicturePixels;
+    if (tooLarge)
+        *tooLarge = over;
+    return over ? QImage() : reader.read();
 }
 
 ReadResult readRtfFile(const QString &path, QTextDocument &doc)

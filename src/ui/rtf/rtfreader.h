@@ -4,6 +4,7 @@
 #include <QByteArray>
 #include <QString>
 
+class QImage;
 class QTextDocument;
 
 namespace sd::rtf {
@@ -17,5 +18,9 @@ struct ReadResult {
 // Replaces the document's content. Never throws; bad input gives ok == false or partial == true.
 ReadResult readRtf(const QByteArray &data, QTextDocument &doc);
 ReadResult readRtfFile(const QString &path, QTextDocument &doc);
+
+// Decodes a picture only when the size its header gives is within the limit for pictures: a small
+// file can claim a huge bitmap. A null image otherwise; *tooLarge says which (may be null).
+QImage decodePicture(const QByteArray &data, const char *format = nullptr, bool *tooLarge = nullptr);
 
 } // namespace sd::rtf
