@@ -8,6 +8,7 @@
 #include "frame/registry.h"
 #include "reading/registry.h"
 #include "scriptrunner.h"
+#include "testpapers/registry.h"
 #include "useofenglish/registry.h"
 
 #include <QApplication>
@@ -127,6 +128,7 @@ int main(int argc, char **argv)
     sd::registerFrameScreens(nav);
     sd::registerReadingScreens(nav);
     sd::registerUseOfEnglishScreens(nav);
+    sd::registerTestPaperScreens(nav);
 
     std::unique_ptr<sd::ScriptRunner> runner;
     if (scripted) {

@@ -47,7 +47,7 @@ void AppScreen::keyPressEvent(QKeyEvent *e)
     int step = state.TextStep;
     if (e->key() == Qt::Key_Escape && isModalScreen()) {
         // The least committal way out: never a score, never leaving an exercise.
-        if (clickButton({QStringLiteral("back"), QStringLiteral("Continue"), QStringLiteral("continue"), QStringLiteral("OK"),
+        if (clickButton({QStringLiteral("imgAgain"), QStringLiteral("back"), QStringLiteral("Continue"), QStringLiteral("continue"), QStringLiteral("OK"),
                          QStringLiteral("No"), QStringLiteral("Cancel"), QStringLiteral("Quit")}))
             return;
     } else if (e->key() == Qt::Key_F1) {

@@ -70,7 +70,9 @@ ExerciseScreen::ExerciseScreen(const QString &code, ProgramState &s, Navigator &
 
 ExerciseScreen::~ExerciseScreen()
 {
-    state.Clock.stop();
+    // A practice clock belongs to its exercise; a test's clock runs on between sections.
+    if (!state.TestMode)
+        state.Clock.stop();
 }
 
 void ExerciseScreen::runLoad()
@@ -144,12 +146,11 @@ void ExerciseScreen::setExerciseId()
 
 void ExerciseScreen::startClock()
 {
-    if (!state.TestMode) {
-        const int paper = m_kind <= 4 ? 1 : m_kind == 5 ? 2 : 3;
-        state.TargetMinutes = paper == 1 ? ReadingPracticeMinutes
-                              : paper == 2 ? WritingPracticeMinutes
-                                           : UseOfEnglishPracticeMinutes;
-    }
+    // A test has one clock, started when the test was chosen: its sections never restart it.
+    if (state.TestMode)
+        return;
+    const int paper = m_kind <= 4 ? 1 : m_kind == 5 ? 2 : 3;
+    state.TargetMinutes = paper == 1 ? ReadingPracticeMinutes : paper == 2 ? WritingPracticeMinutes : UseOfEnglishPracticeMinutes;
     state.Clock.start();
 }
 
@@ -190,7 +191,8 @@ void ExerciseScreen::onPrint()
 
 void ExerciseScreen::onQuit()
 {
-    state.Clock.stop();
+    if (!state.TestMode)
+        state.Clock.stop();
     closeScreen();
 }
 

@@ -212,19 +212,8 @@ void Pracchoice::chooseExercise(int n)
     state.ExerciseCode = QStringLiteral("%1").arg(n, 2, 10, QLatin1Char('0'));
     m_code->setText(state.ExerciseCode);
     const QString next = exerciseScreen(state.ExerciseKind);
-    try {
-        if (FindPracticeRecord(state) == SearchResult::NotFound) {
-            nav().showError(QStringLiteral("Not found"));
-            return;
-        }
-    } catch (const FileTooLargeError &e) {
-        nav().showError(e.message());
+    if (!FindOrShowError(nav(), [this] { return FindPracticeRecord(state); }))
         return;
-    } catch (const ProgramError &) {
-        // The kind's data file is missing or cannot be read.
-        nav().showError(QStringLiteral("No file"));
-        return;
-    }
     if (!nav().isRegistered(next)) {
         CloseDataFile(state);
         showNotAvailable(nav(), state, state.KindNames[state.ExerciseKind] + QStringLiteral(" exercises"));
@@ -322,6 +311,21 @@ MessageBox::MessageBox(ProgramState &s, Navigator &nav) : AppScreen(QStringLiter
     ui::ImageButton *ok = addButton(QStringLiteral("OK"), QStringLiteral("continue"), QRect(204, 146, 52, 52),
                                     QStringLiteral("lblOK"), QStringLiteral("OK"));
     onClick(ok, [this] { closeScreen(); });
+}
+
+bool FindOrShowError(Navigator &nav, const std::function<SearchResult()> &search)
+{
+    try {
+        if (search() == SearchResult::Found)
+            return true;
+        nav.showError(QStringLiteral("Not found"));
+    } catch (const FileTooLargeError &e) {
+        nav.showError(e.message());
+    } catch (const ProgramError &) {
+        // The kind's data file is missing or cannot be read.
+        nav.showError(QStringLiteral("No file"));
+    }
+    return false;
 }
 
 void showNotAvailable(Navigator &nav, ProgramState &, const QString &what)

@@ -1,8 +1,11 @@
 #pragma once
 
 #include "appscreen.h"
+#include "core/datafiles.h"
 
 #include <QLabel>
+
+#include <functional>
 
 namespace sd {
 
@@ -86,6 +89,10 @@ class MessageBox : public AppScreen
 public:
     MessageBox(ProgramState &state, Navigator &nav);
 };
+
+/// Runs a record search. A missing key ("Not found"), a missing or unreadable file ("No file") or a
+/// file over its size limit shows the error screen and gives false.
+bool FindOrShowError(Navigator &nav, const std::function<SearchResult()> &search);
 
 /// Shows a plain message when a part of the program is not available in this version.
 void showNotAvailable(Navigator &nav, ProgramState &state, const QString &what);

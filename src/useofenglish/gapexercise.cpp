@@ -128,9 +128,6 @@ void GapExerciseScreen::beginLoad(const QString &instruction)
     lblInstruction->setText(ui::lineBreaks(instruction));
     ResetButtons();
     showModeButtons();
-    // The clock picture follows the clock setting whatever the mode.
-    imgTime->setVisible(state.ClockShown);
-    lblTime->setVisible(state.ClockShown);
     if (state.TestMode && !state.TestScored)
         state.SectionVisited[section()] = true;
     for (int n = 1; n <= 15; ++n)
@@ -279,9 +276,10 @@ void GapExerciseScreen::scoreSilently()
 void GapExerciseScreen::onQuit()
 {
     // Leaving an unscored test section scores it without a check window or a sound.
-    if (state.TestMode && !state.TestScored) {
+    if (state.TestMode && !state.TestScored && !loadFailed()) {
         scoreSilently();
         state.SectionScore[section()] = state.Score;
+        state.SectionDone[section()] = true;
     }
     ExerciseScreen::onQuit();
 }

@@ -3,6 +3,7 @@
 #include "frame/registry.h"
 #include "reading/registry.h"
 #include "useofenglish/registry.h"
+#include "testpapers/registry.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -73,6 +74,7 @@ App::App(const QString &dataDir) : state(sound, seeds), nav(state)
     registerFrameScreens(nav);
     registerReadingScreens(nav);
     registerUseOfEnglishScreens(nav);
+    registerTestPaperScreens(nav);
     nav.open(QStringLiteral("Introback"));
     nav.open(QStringLiteral("Intro"));
     settle();

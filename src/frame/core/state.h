@@ -5,6 +5,7 @@
 #include "minuteclock.h"
 #include "printerdevice.h"
 #include "random.h"
+#include "testrecord.h"
 
 #include <QColor>
 #include <QString>
@@ -105,6 +106,8 @@ struct ProgramState
     bool TestScored = false;
     bool ShowSectionAnswers = false;
     Array<Array<QString, 0, 20>, 0, 10> SavedAnswer;
+    /// Every test whose final score was shown in this run, oldest first.
+    QList<TestRecord> FinishedTests;
 
     // Composition state: what the editors print and save (heading, text, the writer's name).
     QString CompositionHeading, CompositionText, LetterHeading, LetterText, StudentName;
