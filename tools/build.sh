@@ -3,6 +3,7 @@
 #   tools/build.sh run              build, then start the program on its bundled content
 #   tools/build.sh test             build, then run every test
 #   tools/build.sh test --sanitize  the same with AddressSanitizer and UndefinedBehaviorSanitizer
+#   tools/build.sh package          build, then make the Debian package and run lintian on it
 #   tools/build.sh bench            build, then print the benchmark figures
 set -euo pipefail
 
@@ -11,10 +12,12 @@ cd "$here"
 
 packages=(cmake ninja-build g++ qt6-base-dev qt6-multimedia-dev qt6-svg-dev libqt6sql6-sqlite libgl-dev
           fonts-dejavu-core fonts-liberation poppler-utils unrtf)
+# The tests also check the installed tree and the package.
+test_packages=(desktop-file-utils appstream man-db file dpkg-dev lintian)
 
 install_missing() {
   local missing=()
-  for p in "${packages[@]}"; do
+  for p in "$@"; do
     dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
   done
   if [ ${#missing[@]} -gt 0 ]; then
@@ -34,7 +37,11 @@ build() {
 
 cmd="${1:-run}"
 shift || true
-install_missing
+if [ "$cmd" = test ] || [ "$cmd" = package ]; then
+  install_missing "${packages[@]}" "${test_packages[@]}"
+else
+  install_missing "${packages[@]}"
+fi
 case "$cmd" in
   run)
     build build
@@ -51,12 +58,20 @@ case "$cmd" in
       ctest --test-dir build --output-on-failure -j "$(nproc)"
     fi
     ;;
+  package)
+    # The Debian package, its contents, and what lintian says of it (errors fail).
+    build build
+    (cd build && rm -f studydesk_*.deb && cpack -G DEB > /dev/null)
+    dpkg-deb --info build/studydesk_*.deb
+    dpkg-deb --contents build/studydesk_*.deb | grep -v '/share/studydesk/data/.'
+    lintian --fail-on error --allow-root build/studydesk_*.deb
+    ;;
   bench)
     build build
     cmake --build build --target bench
     ;;
   *)
-    echo "usage: tools/build.sh run|test [--sanitize]|bench" >&2
+    echo "usage: tools/build.sh run|test [--sanitize]|package|bench" >&2
     exit 2
     ;;
 esac

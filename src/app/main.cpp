@@ -30,16 +30,19 @@ void quietMessages(QtMsgType type, const QMessageLogContext &, const QString &ms
         std::fprintf(stderr, "%s\n", qPrintable(msg));
 }
 
-/// The data directory: --data-dir, else the built `data` directory beside the executable,
-/// else the executable's own directory.
+/// The data directory: --data-dir, else STUDYDESK_DATA, else `data` beside the executable (a build
+/// folder), else the installed `share/studydesk/data` beside the executable's `bin`.
 QString startDirectory(const QString &option)
 {
     if (!option.isEmpty())
         return QFileInfo(option).absoluteFilePath();
+    const QString fromEnvironment = qEnvironmentVariable("STUDYDESK_DATA");
+    if (!fromEnvironment.isEmpty())
+        return QFileInfo(fromEnvironment).absoluteFilePath();
     const QDir appDir(QCoreApplication::applicationDirPath());
     if (appDir.exists(QStringLiteral("data")))
         return appDir.filePath(QStringLiteral("data"));
-    return appDir.absolutePath();
+    return QDir::cleanPath(appDir.filePath(QStringLiteral("../share/studydesk/data")));
 }
 
 bool argumentGiven(int argc, char **argv, const char *name)
@@ -77,7 +80,10 @@ int main(int argc, char **argv)
 
     QCommandLineParser parser;
     parser.setApplicationDescription(
-        QStringLiteral("StudyDesk: practice exercises and test papers for an upper-intermediate English exam."));
+        QStringLiteral("StudyDesk: practice exercises and test papers for an upper-intermediate English exam.\n\n"
+                       "The exercises are read from the first of: --data-dir DIR; the STUDYDESK_DATA environment\n"
+                       "variable; the folder 'data' beside the program (a build folder); ../share/studydesk/data\n"
+                       "from the program's folder (/usr/share/studydesk/data once installed)."));
     parser.addHelpOption();
     parser.addVersionOption();
     const QCommandLineOption dataDir(QStringLiteral("data-dir"),
@@ -98,7 +104,7 @@ int main(int argc, char **argv)
 
     const QString start = startDirectory(parser.value(dataDir));
     if (!QFileInfo(start).isDir()) {
-        std::fprintf(stderr, "studydesk: %s is not a directory\n", qPrintable(start));
+        std::fprintf(stderr, "studydesk: no data directory at %s (see studydesk --help)\n", qPrintable(start));
         return 1;
     }
 
