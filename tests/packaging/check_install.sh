@@ -19,7 +19,8 @@ for f in share/applications/$id.desktop share/metainfo/$id.metainfo.xml \
          share/icons/hicolor/scalable/apps/$id.svg share/icons/hicolor/48x48/apps/$id.png \
          share/icons/hicolor/128x128/apps/$id.png share/icons/hicolor/256x256/apps/$id.png \
          share/man/man1/studydesk.1.gz share/man/man1/studydesk-data.1.gz \
-         share/doc/studydesk/copyright share/doc/studydesk/changelog.gz; do
+         share/doc/studydesk/copyright share/doc/studydesk/changelog.gz share/doc/studydesk/README.md \
+         share/doc/studydesk/docs/authoring.md; do
   [ -s "$usr/$f" ] || fail "$f is missing or empty"
 done
 for size in 48 128 256; do
