@@ -204,6 +204,43 @@ private Q_SLOTS:
             QCOMPARE(env.state.ExerciseKey, level + exercise);
     }
 
+    void searchReadsLargeFilesInBlocks_data()
+    {
+        QTest::addColumn<int>("at");    // the record holding the key, 0 for none
+        QTest::addColumn<int>("tail");  // bytes of a partial record after 3,000 whole ones
+        QTest::addColumn<int>("found"); // what the search finds, 0 for "Not found"
+        QTest::newRow("in the first block") << 7 << 0 << 7;
+        QTest::newRow("first record of the second block") << 1255 << 0 << 1255;
+        QTest::newRow("last of 3,000") << 3000 << 0 << 3000;
+        QTest::newRow("missing") << 0 << 0 << 0;
+        // Over half a record is counted; its code is there, the rest of it is not.
+        QTest::newRow("partial last record") << 0 << 500 << 3001;
+        QTest::newRow("under half a record is not counted") << 0 << 400 << 0;
+    }
+    void searchReadsLargeFilesInBlocks()
+    {
+        QFETCH(int, at);
+        QFETCH(int, tail);
+        QFETCH(int, found);
+        Env env;
+        const LayoutInfo &layout = dataFileInfo(DataFile::Rcmc).layout;
+        QByteArray bytes;
+        for (int i = 1; i <= 3000; ++i)
+            bytes += encodeRecord(layout, {i == at ? u"  310"_s : u"z%1"_s.arg(i), u"passage"_s});
+        bytes += encodeRecord(layout, {u"310"_s}).left(tail);
+        env.dir.writeFile(u"pracrcmc.dat"_s, bytes);
+        env.state.PracticeMode = true;
+        env.state.ExerciseKind = 2;
+        SelectDataFile(env.state, 2);
+        env.state.LevelCode = u"3"_s;
+        env.state.ExerciseCode = u"10"_s;
+        QCOMPARE(FindPracticeRecord(env.state) == SearchResult::Found, found > 0);
+        if (found) {
+            QCOMPARE(int(env.state.CurrentRecord), found);
+            QCOMPARE(ReadRecord(env.state, DataFile::Rcmc, found).value(0), u"310"_s);
+        }
+    }
+
     void readersKeepTheirOwnBuffers()
     {
         Env env;

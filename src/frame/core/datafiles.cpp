@@ -7,7 +7,9 @@
 #include <QStringDecoder>
 #include <QStringEncoder>
 
+#include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace sd {
 
@@ -142,6 +144,42 @@ QStringList RecordReader::read(QFile &handle, int n, int fieldCount)
     return fields;
 }
 
+CodeScan::CodeScan(QFile &handle, const LayoutInfo &layout)
+    : m_handle(handle), m_length(layout.length), m_codeWidth(layout.fields[0].width),
+      m_recordsPerBlock(std::max(1, (1 << 20) / layout.length))
+{}
+
+bool CodeScan::codeIs(int n, QStringView key)
+{
+    if (!m_handle.isOpen())
+        throw ProgramError(QStringLiteral("Bad file name or number"));
+    if (n < 1)
+        throw RangeError(QStringLiteral("Bad record number %1").arg(n));
+    if (m_first == 0 || n < m_first || n >= m_first + m_recordsPerBlock) {
+        // About a megabyte of whole records at a time, into the same buffer.
+        m_block.resize(qsizetype(m_recordsPerBlock) * m_length);
+        m_first = n;
+        m_filled = 0;
+        if (m_handle.seek(qint64(n - 1) * m_length))
+            m_filled = std::max<qint64>(0, m_handle.read(m_block.data(), m_block.size()));
+    }
+    const qsizetype start = qsizetype(n - m_first) * m_length;
+    const qsizetype end = std::min(start + m_codeWidth, m_filled); // the rest is blank
+    const char *bytes = m_block.constData();
+    qsizetype b = start, e = std::max(start, end);
+    while (b < e && bytes[b] == ' ')
+        ++b;
+    while (e > b && bytes[e - 1] == ' ')
+        --e;
+    if (e - b != key.size())
+        return false;
+    const auto &table = singleByteTable();
+    for (qsizetype i = 0; i < key.size(); ++i)
+        if (table[uchar(bytes[b + i])] != key[i].unicode())
+            return false;
+    return true;
+}
+
 QByteArray encodeRecord(const LayoutInfo &layout, const QStringList &fields, QString *error)
 {
     QByteArray out;
@@ -250,13 +288,38 @@ QStringList ReadRecord(ProgramState &s, DataFile f, int n)
     return s.Files.reader(f).read(s.Files.handle(), n);
 }
 
-QString ReadRecordCode(ProgramState &s, int n)
+namespace {
+/// The file whose reader serves the key search for the current kind; false for the kinds it does
+/// not cover.
+bool searchedFile(const ProgramState &s, DataFile *f)
 {
     const int kind = s.ExerciseKind;
-    DataFile f;
     const bool covered = (kind >= 1 && kind <= 4) || kind == 6 || kind == 7 || kind == 9
                          || (kind == 10 && s.TestMode && !s.PracticeMode);
-    if (!covered || !dataFileForKind(kind, s.PracticeMode, s.TestMode, &f))
+    return covered && dataFileForKind(kind, s.PracticeMode, s.TestMode, f);
+}
+
+/// ReadRecordCode(s, n) == key, without decoding: a kind the search does not cover reads an empty code.
+class KeyMatcher
+{
+public:
+    explicit KeyMatcher(ProgramState &s)
+    {
+        DataFile f;
+        if (searchedFile(s, &f))
+            m_scan.emplace(s.Files.handle(), dataFileInfo(f).layout);
+    }
+    bool matches(int n, const QString &key) { return m_scan ? m_scan->codeIs(n, key) : key.isEmpty(); }
+
+private:
+    std::optional<CodeScan> m_scan;
+};
+} // namespace
+
+QString ReadRecordCode(ProgramState &s, int n)
+{
+    DataFile f;
+    if (!searchedFile(s, &f))
         return QString();
     return s.Files.reader(f).readCode(s.Files.handle(), n);
 }
@@ -267,11 +330,12 @@ SearchResult FindPracticeRecord(ProgramState &s)
     s.ExerciseKey = s.LevelCode + s.ExerciseCode;
     OpenDataFile(s);
     CountRecords(s, CountFor::Search);
+    KeyMatcher codes(s);
     for (;;) {
         ++s.CurrentRecord;
         if (s.CurrentRecord >= s.SearchRecordCount + 1)
             return SearchResult::NotFound;
-        if (ReadRecordCode(s, s.CurrentRecord) == s.ExerciseKey)
+        if (codes.matches(s.CurrentRecord, s.ExerciseKey))
             return SearchResult::Found;
     }
 }
@@ -284,9 +348,10 @@ SearchResult FindTestRecord(ProgramState &s)
     CountRecords(s, CountFor::Search);
     if (s.SearchRecordCount <= 0)
         return SearchResult::NotFound; // nothing to examine
+    KeyMatcher codes(s);
     for (;;) {
         ++s.CurrentRecord;
-        if (ReadRecordCode(s, s.CurrentRecord) == s.ExerciseKey)
+        if (codes.matches(s.CurrentRecord, s.ExerciseKey))
             return SearchResult::Found;
         // Gives up on the last record itself, once compared.
         if (s.CurrentRecord == s.SearchRecordCount)

@@ -43,6 +43,27 @@ private:
     QByteArray m_buffer;
 };
 
+/// Compares the Codes of the records of an open data file with a key without decoding the records:
+/// the file is read in large blocks, and only the code bytes of each record are looked at, so
+/// asking for the records in file order reads the file once. A record past the end of the file, or
+/// the missing part of a partial last record, reads as blanks, as with RecordReader.
+class CodeScan
+{
+public:
+    CodeScan(QFile &handle, const LayoutInfo &layout);
+    /// True when the trimmed Code of record n (1-based), decoded, equals `key`.
+    bool codeIs(int n, QStringView key);
+
+private:
+    QFile &m_handle;
+    int m_length;
+    int m_codeWidth;
+    int m_recordsPerBlock;
+    QByteArray m_block;
+    qsizetype m_filled = 0; ///< bytes of m_block read from the file
+    int m_first = 0;        ///< the record at the start of the block; 0: nothing read yet
+};
+
 /// Handle 1 and the per-file readers. Only one data file is open at a time.
 class DataFiles
 {

@@ -47,10 +47,12 @@ QList<OneItem> ReadConversionItems(ProgramState &s, const QString &key)
     const int count = openAndCount(s, QString::fromLatin1(dataFileInfo(DataFile::Uesc).fileName), DataFile::Uesc,
                                    CountFor::Conversion);
     try {
+        // Only the records of the exercise are decoded.
+        CodeScan codes(s.Files.handle(), dataFileInfo(DataFile::Uesc).layout);
         for (int r = 1; r <= count; ++r) {
-            const RecordE e = ReadRecordAs<RecordE>(s, DataFile::Uesc, r);
-            if (e.Code != key)
+            if (!codes.codeIs(r, key))
                 continue;
+            const RecordE e = ReadRecordAs<RecordE>(s, DataFile::Uesc, r);
             OneItem item;
             item.prompt = e.Title;
             item.start = e.Text1;
