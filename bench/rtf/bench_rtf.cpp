@@ -1,19 +1,20 @@
-// Reads a generated multi-megabyte RTF with our reader and with unrtf, and prints both speeds.
+// RTF figures: `studydesk-data rtf2txt` against `unrtf --text` on generated documents (plain,
+// table-heavy, picture-heavy), the table-heavy document against its limits, and the reader inside
+// the program against Qt's own HTML reader and against itself on a tenth of the input.
+#include "benchrun.h"
 #include "ui/rtf/rtfreader.h"
-#include "ui/rtf/rtfwriter.h"
 
-#include <QElapsedTimer>
+#include <QBuffer>
+#include <QFile>
 #include <QGuiApplication>
-#include <QProcess>
+#include <QImage>
+#include <QPainter>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTextDocument>
-#include <QTextStream>
-
-#include <sys/resource.h>
 
 #include <cstdio>
-#include <functional>
+#include <cstring>
 
 using namespace Qt::StringLiterals;
 
@@ -82,16 +83,41 @@ QByteArray makeTableDocument(qsizetype targetBytes)
     return rtf + '}';
 }
 
-double bestSeconds(int runs, const std::function<void()> &work)
+// A passage with a picture every few paragraphs, as a worksheet with photographs and drawings.
+QByteArray makePictureDocument(qsizetype targetBytes)
 {
-    double best = 1e9;
-    for (int i = 0; i < runs; ++i) {
-        QElapsedTimer t;
-        t.start();
-        work();
-        best = std::min(best, t.nsecsElapsed() / 1e9);
+    QImage image(160, 120, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    {
+        QPainter p(&image);
+        p.setBrush(Qt::darkBlue);
+        p.drawEllipse(20, 10, 120, 100);
     }
-    return best;
+    QByteArray png;
+    QBuffer buffer(&png);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG");
+    QByteArray hex = png.toHex();
+    for (qsizetype i = 128; i < hex.size(); i += 129)
+        hex.insert(i, '\n'); // lines of 128 digits, as word processors write them
+    QByteArray rtf = "{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0 Arial;}}\\f0\\fs22\r\n";
+    int n = 0;
+    while (rtf.size() < targetBytes) {
+        ++n;
+        rtf += "\\pard Picture " + QByteArray::number(n) + " shows the {\\i garden} as it was.\\par\r\n";
+        if (n % 3 == 0)
+            rtf += "\\pard\\qc{\\pict\\pngblip\\picw160\\pich120\\picwgoal2400\\pichgoal1800\r\n" + hex + "}\\par\r\n";
+    }
+    return rtf + '}';
+}
+
+QString writeFile(const QTemporaryDir &dir, const QString &name, const QByteArray &bytes)
+{
+    const QString path = dir.filePath(name);
+    QFile f(path);
+    if (!f.open(QIODevice::WriteOnly) || f.write(bytes) != bytes.size())
+        std::fprintf(stderr, "cannot write %s\n", qPrintable(path));
+    return path;
 }
 
 } // namespace
@@ -99,74 +125,52 @@ double bestSeconds(int runs, const std::function<void()> &work)
 int main(int argc, char **argv)
 {
     QGuiApplication app(argc, argv);
-    QTextStream out(stdout);
-    const QByteArray rtf = makeDocument(6 * 1024 * 1024);
-    const double mb = rtf.size() / (1024.0 * 1024.0);
-    out << u"RTF document: %1 MB\n"_s.arg(mb, 0, 'f', 2);
+    using namespace sd::bench;
+    const QString tool = QStringLiteral(STUDYDESK_BINARY_DIR "/bin/studydesk-data");
+    const QString unrtf = QStandardPaths::findExecutable(u"unrtf"_s);
+    QTemporaryDir dir;
 
-    QTextDocument doc;
-    const double readSeconds = bestSeconds(3, [&] { sd::rtf::readRtf(rtf, doc); });
-    out << u"our reader:      %1 s, %2 MB/s (best of 3; %3 characters)\n"_s.arg(readSeconds, 0, 'f', 3)
-               .arg(mb / readSeconds, 0, 'f', 2)
-               .arg(doc.characterCount());
-    QByteArray written;
-    const double writeSeconds = bestSeconds(3, [&] { written = sd::rtf::writeRtf(doc); });
-    out << u"our writer:      %1 s, %2 MB/s of output (best of 3)\n"_s.arg(writeSeconds, 0, 'f', 3)
-               .arg(written.size() / (1024.0 * 1024.0) / writeSeconds, 0, 'f', 2);
-
-    // Tables must cost no more than their size: the table-heavy document against plain text of the
-    // same size, and its peak memory read in a process of its own.
+    const QByteArray plain = makeDocument(6 * 1024 * 1024);
+    const QByteArray tables = makeTableDocument(18 * 1024 * 1024);
+    const QByteArray pictures = makePictureDocument(6 * 1024 * 1024);
+    struct Doc
     {
-        const QByteArray tables = makeTableDocument(18 * 1024 * 1024);
-        const QByteArray plain = makeDocument(tables.size());
-        QTextDocument t;
-        const double tableSeconds = bestSeconds(1, [&] { sd::rtf::readRtf(tables, t); });
-        const double plainSeconds = bestSeconds(1, [&] { sd::rtf::readRtf(plain, t); });
-        out << u"rtf tables %1x plain text of the same size (%2 s vs %3 s for %4 MB)\n"_s
-                   .arg(tableSeconds / plainSeconds, 0, 'f', 2)
-                   .arg(tableSeconds, 0, 'f', 2)
-                   .arg(plainSeconds, 0, 'f', 2)
-                   .arg(tables.size() / (1024.0 * 1024.0), 0, 'f', 1);
-        QTemporaryDir tmp;
-        QFile f(tmp.filePath(u"tables.rtf"_s));
-        const QString tool = QStringLiteral(STUDYDESK_BINARY_DIR "/bin/studydesk-data");
-        if (f.open(QIODevice::WriteOnly) && f.write(tables) == tables.size() && QFile::exists(tool)) {
-            f.close();
-            QProcess p;
-            p.setStandardOutputFile(QProcess::nullDevice());
-            p.start(tool, {u"rtf2txt"_s, f.fileName()});
-            p.waitForFinished(300000);
-            rusage usage{};
-            getrusage(RUSAGE_CHILDREN, &usage);
-            out << u"rtf tables peak memory %1 MB for a %2 MB document (studydesk-data rtf2txt)\n"_s
-                       .arg(usage.ru_maxrss / 1024.0, 0, 'f', 0)
-                       .arg(tables.size() / (1024.0 * 1024.0), 0, 'f', 1);
+        const char *name;
+        QByteArray bytes;
+    };
+    for (const Doc &d : {Doc{"rtf2txt plain", plain}, Doc{"rtf2txt tables", tables}, Doc{"rtf2txt pictures", pictures}}) {
+        const QString path = writeFile(dir, QString::fromLatin1(d.name).section(u' ', 1) + u".rtf"_s, d.bytes);
+        const Run ours = medianRun(3, [&] { return runProcess(tool, {u"rtf2txt"_s, path}); });
+        const QString size = u"%1 MB"_s.arg(d.bytes.size() / 1e6, 0, 'f', 1);
+        if (!ours.ok)
+            std::printf("%s: studydesk-data rtf2txt failed\n", d.name);
+        if (unrtf.isEmpty()) {
+            std::printf("%s %.2f s (%s; unrtf is not installed: apt-get install unrtf)\n", d.name, ours.ms / 1000, qPrintable(size));
+        } else {
+            const Run theirs = medianRun(3, [&] { return runProcess(unrtf, {u"--text"_s, path}); });
+            printRatio(d.name, ours.ms / 1000, theirs.ms / 1000, "unrtf --text", "s",
+                       size + u", whole process, median of 3"_s);
+        }
+        if (std::strcmp(d.name, "rtf2txt tables") == 0) {
+            printRatio("rtf2txt tables time", ours.ms / 1000, 3.0, "limit", "s", size);
+            printRatio("rtf2txt tables memory", ours.peakMb, 400, "limit", "MB", u"peak resident"_s);
         }
     }
 
-    const QString unrtf = QStandardPaths::findExecutable(u"unrtf"_s);
-    if (unrtf.isEmpty()) {
-        out << "unrtf --html:    not installed, no comparison (apt-get install unrtf)\n";
-        return 0;
-    }
-    QTemporaryDir dir;
-    const QString path = dir.filePath(u"bench.rtf"_s);
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(rtf) != rtf.size())
-        return 1;
-    file.close();
-    bool ran = true;
-    const double unrtfSeconds = bestSeconds(3, [&] {
-        QProcess p;
-        p.setStandardOutputFile(QProcess::nullDevice());
-        p.setStandardErrorFile(QProcess::nullDevice());
-        p.start(unrtf, {u"--html"_s, path});
-        ran = p.waitForFinished(300000) && p.exitStatus() == QProcess::NormalExit && ran;
-    });
-    if (!ran)
-        out << "unrtf --html:    did not finish normally; its time is not comparable\n";
-    out << u"unrtf --html:    %1 s, %2 MB/s (best of 3, process start included)\n"_s.arg(unrtfSeconds, 0, 'f', 3)
-               .arg(mb / unrtfSeconds, 0, 'f', 2);
-    out << u"ratio:           our reader takes %1x the time of unrtf\n"_s.arg(readSeconds / unrtfSeconds, 0, 'f', 2);
+    // Inside the program: the reader filling a document, against Qt's own HTML reader filling one
+    // with the same content, and against itself on a tenth of the input.
+    QTextDocument doc;
+    const double readMs = medianMs(3, [&] { sd::rtf::readRtf(plain, doc); });
+    const QString html = doc.toHtml();
+    QTextDocument htmlDoc;
+    const double htmlMs = medianMs(3, [&] { htmlDoc.setHtml(html); });
+    printRatio("rtf reader", readMs, htmlMs, "Qt setHtml", "ms", u"same content, in process"_s);
+    const QByteArray tenth = makeDocument(plain.size() / 10);
+    const double tenthMs = medianMs(5, [&] { sd::rtf::readRtf(tenth, doc); });
+    printRatio("rtf reader 10x input", readMs, 10 * tenthMs, "10x time", "ms", u"linear scaling is 1.00x"_s);
+    const double tablesMs = medianMs(1, [&] { sd::rtf::readRtf(tables, doc); });
+    const QByteArray sameSize = makeDocument(tables.size());
+    const double sameMs = medianMs(1, [&] { sd::rtf::readRtf(sameSize, doc); });
+    printRatio("rtf reader tables", tablesMs, sameMs, "plain text of the same size", "ms");
     return 0;
 }

@@ -86,6 +86,8 @@ private Q_SLOTS:
     void samples();
     void corpus_data();
     void corpus();
+    void textOnlyAsTheDocument_data();
+    void textOnlyAsTheDocument();
 };
 
 void TestRtfReader::characterFormat_data()
@@ -498,6 +500,9 @@ void TestRtfReader::samples()
     const ReadResult r = readRtfFile(path, doc);
     QVERIFY2(r.ok && !r.partial, qPrintable(r.message));
     QCOMPARE(words(visibleText(doc)), words(expected));
+    QString text;
+    QVERIFY(readRtfTextFile(path, &text).ok);
+    QCOMPARE(text, doc.toPlainText());
 }
 
 void TestRtfReader::corpus_data()
@@ -522,6 +527,55 @@ void TestRtfReader::corpus()
     QVERIFY2(timer.elapsed() < 10000, "reading took too long");
     QCOMPARE(r.ok, readable);
     QCOMPARE(doc.toPlainText().trimmed().isEmpty(), !readable);
+    // The text-only reader says the same, character for character.
+    QString text;
+    QCOMPARE(readRtfTextFile(path, &text).ok, readable);
+    QCOMPARE(text, doc.toPlainText());
+}
+
+// rtf2txt reads text only; it must give exactly what the program's documents hold.
+void TestRtfReader::textOnlyAsTheDocument_data()
+{
+    QTest::addColumn<QByteArray>("rtf");
+    const auto row = [](const char *name, const QByteArray &body) { QTest::newRow(name) << rtfDoc(body); };
+    row("paragraphs and breaks", "One\\par Two\\line three\\~four\\page\\par\\par Five\\u8233?six\\'0d\\'0aseven");
+    row("table after text in one paragraph",
+        "Before\\trowd\\cellx2000\\cellx4000\\pard\\intbl A\\par\\cell\\pard\\intbl B\\cell\\row"
+        "\\trowd\\cellx2000\\pard\\intbl C\\cell D\\cell\\cell\\row\\pard After\\par");
+    row("nested tables", "\\trowd\\cellx5000\\pard\\intbl Outer\\par"
+        "\\pard\\intbl\\itap2 In A\\nestcell In B\\nestcell{\\*\\nesttableprops\\trowd\\cellx2000\\cellx4000\\nestrow}"
+        "\\pard\\intbl\\itap1 Tail\\cell\\row\\pard Out");
+    row("table starting nested, deeper than allowed",
+        "\\pard\\intbl\\itap3 deep\\nestcell{\\*\\nesttableprops\\nestrow}\\itap12 deeper\\nestcell\\itap1 x\\cell\\row tail");
+    row("table at the end", "Text\\par\\trowd\\cellx1000\\intbl last\\cell\\row");
+    row("empty rows and cells", "\\trowd\\cellx1000\\row\\trowd\\cellx1000\\cellx2000\\intbl\\cell\\cell\\row\\pard after");
+    QByteArray wide = "\\trowd";
+    for (int i = 1; i <= 70; ++i)
+        wide += "\\intbl c" + QByteArray::number(i) + "\\cell";
+    row("more cells than columns", wide + "\\row end");
+    QByteArray tall;
+    for (int r = 0; r < 300; ++r)
+        tall += "\\trowd\\cellx1000\\cellx2000\\intbl r" + QByteArray::number(r) + "\\cell x\\cell\\row";
+    row("many rows", tall + "\\pard end");
+    row("footnotes", "Text\\chftn{\\footnote\\pard\\plain{\\up6\\chftn} First note.} more"
+                     "\\chftn{\\footnote{\\up6\\chftn} Second\\par two.}\\par End.");
+    row("footnote with a table", "A{\\footnote \\trowd\\cellx1000\\intbl n\\cell\\row}");
+    row("pictures", "x{\\pict\\pngblip " + pngBytes(QSize(4, 3)).toHex() + "}y{\\pict\\wmetafile8 0102}"
+                    "\\trowd\\cellx1000\\intbl{\\pict\\jpegblip " + jpegBytes().toHex() + "}\\cell\\row");
+    row("list text and bullets", "{\\listtext 1.\\tab}Item\\par{\\pntext o}{\\*\\pn\\pnlvlblt{\\pntxtb o}}Bullet\\par");
+    row("cut short", "Open {\\b bold \\trowd\\cellx1000\\intbl cell");
+}
+
+void TestRtfReader::textOnlyAsTheDocument()
+{
+    QFETCH(QByteArray, rtf);
+    QTextDocument doc;
+    const ReadResult full = readRtf(rtf, doc);
+    QString text;
+    const ReadResult plain = readRtfText(rtf, &text);
+    QCOMPARE(plain.ok, full.ok);
+    QCOMPARE(plain.partial, full.partial);
+    QCOMPARE(text, doc.toPlainText());
 }
 
 QTEST_MAIN(TestRtfReader)

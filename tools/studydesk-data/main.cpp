@@ -10,9 +10,9 @@
 #include "ui/rtf/rtfreader.h"
 
 #include <QGuiApplication>
-#include <QTextDocument>
 
 #include <cstdio>
+#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -100,13 +100,14 @@ int show(const QString &dir, const QString &file, const QString &key)
 /// The text of a rich-text file as the program reads it, for teachers and for timing the reader.
 int rtf2txt(const QString &file)
 {
-    QTextDocument doc;
-    const sd::rtf::ReadResult r = sd::rtf::readRtfFile(file, doc);
+    QString text;
+    const sd::rtf::ReadResult r = sd::rtf::readRtfTextFile(file, &text);
     if (!r.ok) {
         print(stderr, file + u": "_s + escaped(r.message) + u'\n');
         return 1;
     }
-    print(stdout, doc.toPlainText() + u'\n');
+    text += u'\n';
+    print(stdout, text);
     if (r.partial)
         print(stderr, file + u": damaged; only the first part could be read: "_s + escaped(r.message) + u'\n');
     return r.partial ? 1 : 0;
@@ -120,8 +121,13 @@ int main(int argc, char **argv)
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     qInstallMessageHandler(quietHandler);
-    QGuiApplication app(argc, argv);
-    const QStringList args = app.arguments().mid(1);
+    // Reading text alone needs neither fonts nor a screen.
+    std::unique_ptr<QCoreApplication> app;
+    if (argc > 1 && qstrcmp(argv[1], "rtf2txt") == 0)
+        app = std::make_unique<QCoreApplication>(argc, argv);
+    else
+        app = std::make_unique<QGuiApplication>(argc, argv);
+    const QStringList args = QCoreApplication::arguments().mid(1);
     const QString command = args.value(0);
     if (command == u"build"_s && args.size() == 3)
         return build(args.at(1), args.at(2));

@@ -20,11 +20,70 @@ constexpr qreal px(int twips) { return twips / 15.0; }
 const QColor kLinkColor(0x1a, 0x4f, 0xa0);
 const QColor kGridColor(0x99, 0x99, 0x99);
 
+// The characters QTextDocument keeps between blocks and around table cells.
+constexpr char16_t kBlock = QChar::ParagraphSeparator;
+constexpr char16_t kFrameStart = 0xFDD0;
+constexpr char16_t kFrameEnd = 0xFDD1;
+
+bool separates(char16_t c) { return c == kBlock || c == kFrameStart || c == kFrameEnd; }
+
 } // namespace
 
 DocumentBuilder::DocumentBuilder(QTextDocument &doc, const DocTables &tables, QTextDocument *resourceDoc)
-    : m_doc(doc), m_resources(resourceDoc ? resourceDoc : &doc), m_tables(tables), m_cursor(&doc)
+    : m_doc(&doc), m_resources(resourceDoc ? resourceDoc : &doc), m_tables(tables), m_cursor(&doc)
 {
+}
+
+DocumentBuilder::DocumentBuilder(const DocTables &tables)
+    : m_doc(nullptr), m_resources(nullptr), m_tables(tables), m_textOnly(true)
+{
+}
+
+QString &DocumentBuilder::target()
+{
+    if (m_levels.empty())
+        return m_raw;
+    Level &l = m_levels.back();
+    return l.cells[std::size_t(l.row)][std::size_t(l.col)];
+}
+
+bool DocumentBuilder::blockEmpty() const
+{
+    if (!m_textOnly)
+        return m_cursor.block().length() <= 1;
+    const QString *t = &m_raw;
+    if (!m_levels.empty()) {
+        const Level &l = m_levels.back();
+        t = &l.cells[std::size_t(l.row)][std::size_t(l.col)];
+    }
+    return t->isEmpty() || separates(t->back().unicode());
+}
+
+void DocumentBuilder::insertRawText(QStringView s)
+{
+    // As QTextCursor::insertText: line ends and separators in the text start new blocks.
+    QString &t = target();
+    t.reserve(t.size() + s.size());
+    for (qsizetype i = 0; i < s.size(); ++i) {
+        char16_t c = s[i].unicode();
+        if (c == u'\r' && i + 1 < s.size() && s[i + 1] == u'\n')
+            c = s[++i].unicode();
+        t.append(QChar(c == u'\n' || c == u'\r' || separates(c) ? kBlock : c));
+    }
+}
+
+QString DocumentBuilder::plainText() const
+{
+    // As QTextDocument::toPlainText().
+    QString out = m_raw;
+    for (QChar &c : out) {
+        const char16_t u = c.unicode();
+        if (separates(u) || u == QChar::LineSeparator)
+            c = u'\n';
+        else if (u == QChar::Nbsp)
+            c = u' ';
+    }
+    return out;
 }
 
 void DocumentBuilder::text(QStringView s, const CharProps &c, const ParaProps &p)
@@ -47,7 +106,10 @@ void DocumentBuilder::flushText()
 {
     if (m_buffer.isEmpty())
         return;
-    if (m_anchorNames.isEmpty()) {
+    if (m_textOnly) {
+        insertRawText(m_buffer);
+        m_anchorNames.clear();
+    } else if (m_anchorNames.isEmpty()) {
         m_cursor.insertText(m_buffer, charFormat(m_bufferProps));
     } else {
         QTextCharFormat f = charFormat(m_bufferProps);
@@ -64,7 +126,8 @@ void DocumentBuilder::paragraphEnd(const CharProps &c, const ParaProps &p)
     flushText();
     prepareContent(c, p);
     // RTF gives a paragraph the formatting in force at its end mark.
-    m_cursor.setBlockFormat(blockFormat(p));
+    if (!m_textOnly)
+        m_cursor.setBlockFormat(blockFormat(p));
     m_pending = true;
 }
 
@@ -85,7 +148,12 @@ void DocumentBuilder::image(const QImage &image, QSizeF size, const CharProps &c
 {
     flushText();
     prepareContent(c, p);
-    const QString prefix = m_resources == &m_doc ? u"rtf-image-"_s : u"rtf-note-image-"_s;
+    if (m_textOnly) {
+        target().append(QChar::ObjectReplacementCharacter);
+        ++m_contentCount;
+        return;
+    }
+    const QString prefix = m_resources == m_doc ? u"rtf-image-"_s : u"rtf-note-image-"_s;
     const QString name = prefix + QString::number(++m_imageCount);
     m_resources->addResource(QTextDocument::ImageResource, QUrl(name), image);
     QTextImageFormat f;
@@ -112,13 +180,18 @@ void DocumentBuilder::prepareContent(const CharProps &c, const ParaProps &p)
     if (m_pending) {
         m_blockPageBreak = m_pageBreakNext;
         m_pageBreakNext = false;
-        m_cursor.insertBlock(blockFormat(p), charFormat(c));
+        if (m_textOnly)
+            target().append(QChar(kBlock));
+        else
+            m_cursor.insertBlock(blockFormat(p), charFormat(c));
         m_pending = false;
     } else if (m_fresh) {
         m_blockPageBreak = m_pageBreakNext;
         m_pageBreakNext = false;
-        m_cursor.setBlockFormat(blockFormat(p));
-        m_cursor.setBlockCharFormat(charFormat(c));
+        if (!m_textOnly) {
+            m_cursor.setBlockFormat(blockFormat(p));
+            m_cursor.setBlockCharFormat(charFormat(c));
+        }
     }
     m_fresh = false;
 }
@@ -159,6 +232,13 @@ void DocumentBuilder::openTable()
 
     // A nested table's row definition comes after its cells, so it starts with one column.
     int columns = m_levels.empty() ? std::max<int>(1, m_rowDefinition.size()) : 1;
+    if (m_textOnly) {
+        m_pending = false;
+        const int cols = std::min(columns, kMaxColumns);
+        m_levels.push_back(Level{nullptr, 0, 0, 1, true, {std::vector<QString>(std::size_t(cols))}});
+        m_fresh = true;
+        return;
+    }
     QTextTableFormat f;
     f.setBorder(1);
     f.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
@@ -181,13 +261,29 @@ void DocumentBuilder::openTable()
     columns = std::min(columns, kMaxColumns);
     m_pending = false;
     QTextTable *table = m_cursor.insertTable(1, columns, f);
-    m_levels.push_back(Level{table, 0, 0, 1, true});
+    m_levels.push_back(Level{table, 0, 0, 1, true, {}});
     m_fresh = true;
 }
 
 void DocumentBuilder::closeTable()
 {
     flushText();
+    if (m_textOnly) {
+        // The table as the document holds it: a frame start before each cell, a frame end after all.
+        const Level level = std::move(m_levels.back());
+        m_levels.pop_back();
+        QString &t = target();
+        for (int r = 0; r < level.usedRows; ++r) {
+            for (const QString &cell : level.cells[std::size_t(r)]) {
+                t.append(QChar(kFrameStart));
+                t.append(cell);
+            }
+        }
+        t.append(QChar(kFrameEnd));
+        m_fresh = true; // the block after the table is empty
+        m_pending = false;
+        return;
+    }
     const Level level = m_levels.back();
     m_levels.pop_back();
     if (level.table->rows() > level.usedRows)
@@ -199,6 +295,23 @@ void DocumentBuilder::closeTable()
 
 void DocumentBuilder::enterCell(Level &level)
 {
+    if (m_textOnly) {
+        auto &cells = level.cells;
+        const std::size_t columns = cells.front().size();
+        if (level.row >= int(cells.size())) {
+            const std::size_t wanted = std::size_t(level.row) + 1 - cells.size();
+            cells.resize(cells.size() + std::max(wanted, std::min<std::size_t>(cells.size(), 256)),
+                         std::vector<QString>(columns));
+        }
+        if (level.col >= int(columns))
+            for (auto &row : cells)
+                row.resize(std::size_t(level.col) + 1);
+        level.entered = true;
+        level.usedRows = std::max(level.usedRows, level.row + 1);
+        m_fresh = blockEmpty();
+        m_pending = !m_fresh;
+        return;
+    }
     QTextTable *t = level.table;
     if (level.row >= t->rows()) {
         // Growing one row at a time makes Qt re-lay the whole grid each time.
@@ -216,7 +329,7 @@ void DocumentBuilder::enterCell(Level &level)
     m_cursor = t->cellAt(level.row, level.col).lastCursorPosition();
     level.entered = true;
     level.usedRows = std::max(level.usedRows, level.row + 1);
-    m_fresh = m_cursor.block().length() <= 1;
+    m_fresh = blockEmpty();
     m_pending = !m_fresh;
 }
 
@@ -254,6 +367,20 @@ void DocumentBuilder::finish()
 {
     flushText();
     syncDepth(0);
+}
+
+void DocumentBuilder::appendNotes(const DocumentBuilder &notes)
+{
+    finish();
+    if (notes.m_raw.isEmpty())
+        return;
+    if (!m_fresh || !blockEmpty())
+        m_raw.append(QChar(kBlock));
+    m_raw.append(QChar(kBlock));
+    m_raw.append(notes.m_raw);
+    m_contentCount += notes.m_raw.size() + 1;
+    m_fresh = false;
+    m_pending = false;
 }
 
 void DocumentBuilder::appendNotes(const QTextDocument &notes)

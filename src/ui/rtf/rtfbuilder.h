@@ -1,4 +1,5 @@
-// Fills a QTextDocument from the reader's stream of text, breaks, cells and pictures.
+// Fills a QTextDocument from the reader's stream of text, breaks, cells and pictures; or, without
+// any formatting, keeps only the text the document would hold (the plain-text reader).
 #pragma once
 
 #include "ui/rtf/rtfstate.h"
@@ -24,6 +25,9 @@ public:
     // Pictures are registered as resources of resourceDoc, so notes built in a side document
     // can be copied into the main one with their pictures.
     DocumentBuilder(QTextDocument &doc, const DocTables &tables, QTextDocument *resourceDoc = nullptr);
+    // Text only: the same characters in the same order as the document would hold them, with its
+    // block and frame separators, and no formats, layout or pictures kept.
+    explicit DocumentBuilder(const DocTables &tables);
 
     void text(QStringView s, const CharProps &c, const ParaProps &p);
     void paragraphEnd(const CharProps &c, const ParaProps &p);
@@ -40,7 +44,13 @@ public:
 
     // Adds notes (footnotes, endnotes) after a rule at the end of the document.
     void appendNotes(const QTextDocument &notes);
+    // The same for a text-only builder of notes.
+    void appendNotes(const DocumentBuilder &notes);
     void finish();
+
+    bool textOnly() const { return m_textOnly; }
+    // A text-only builder's content as QTextDocument::toPlainText() gives it.
+    QString plainText() const;
 
     // Characters and pictures written so far.
     qsizetype contentCount() const { return m_contentCount; }
@@ -52,7 +62,14 @@ private:
         int col = 0;
         int usedRows = 0;
         bool entered = false;
+        std::vector<std::vector<QString>> cells; // text only: rows of cells, each as the document holds it
     };
+
+    // The cursor's block is empty.
+    bool blockEmpty() const;
+    // Text-only counterparts of the cursor's insertions.
+    void insertRawText(QStringView s);
+    QString &target();
 
     void flushText();
     void prepareContent(const CharProps &c, const ParaProps &p);
@@ -63,7 +80,7 @@ private:
     QTextBlockFormat blockFormat(const ParaProps &p) const;
     const QTextCharFormat &charFormat(const CharProps &c);
 
-    QTextDocument &m_doc;
+    QTextDocument *m_doc;       // none when text only
     QTextDocument *m_resources;
     const DocTables &m_tables;
     QTextCursor m_cursor;
@@ -88,6 +105,9 @@ private:
     QList<int> m_rowDefinition;
     qsizetype m_contentCount = 0;
     int m_imageCount = 0;
+
+    bool m_textOnly = false;
+    QString m_raw; // text only: the top level, with the document's separators
 };
 
 } // namespace sd::rtf

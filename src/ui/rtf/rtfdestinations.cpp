@@ -332,16 +332,27 @@ void Parser::finishPicture(const State &s)
     if (s.chr.hidden)
         return;
     QImage image;
+    bool shown = false;
     bool tooLarge = false;
-    if (p.kind == Kw::PngBlip || p.kind == Kw::JpegBlip) {
+    if ((p.kind == Kw::PngBlip || p.kind == Kw::JpegBlip) && !m_doc) {
+        // Text only: the header tells whether the picture would show.
+        shown = pictureHeaderFits(p.data, p.kind == Kw::PngBlip ? "PNG" : "JPEG", &tooLarge);
+        if (!shown && !tooLarge)
+            shown = pictureHeaderFits(p.data, nullptr, &tooLarge);
+    } else if (p.kind == Kw::PngBlip || p.kind == Kw::JpegBlip) {
         image = decodePicture(p.data, p.kind == Kw::PngBlip ? "PNG" : "JPEG", &tooLarge);
         if (image.isNull() && !tooLarge)
             image = decodePicture(p.data, nullptr, &tooLarge); // some writers label one kind as the other
+        shown = !image.isNull();
     }
     if (!s.note)
         startParagraph();
     DocumentBuilder &b = out(s.note);
-    if (image.isNull()) {
+    if (!m_doc && shown) {
+        b.image(image, QSizeF(), s.chr, s.para);
+        return;
+    }
+    if (!shown) {
         // Metafiles and device bitmaps cannot be shown; say where the picture was.
         CharProps c = s.chr;
         c.italic = true;
@@ -382,10 +393,12 @@ void Parser::startFootnote()
     State &s = st();
     s.note = true;
     s.dest = Dest::Normal;
-    if (!m_notes) {
+    if (!m_notes && !m_doc) {
+        m_notes = std::make_unique<DocumentBuilder>(m_tables);
+    } else if (!m_notes) {
         m_notesDoc = std::make_unique<QTextDocument>();
         m_notesDoc->setUndoRedoEnabled(false);
-        m_notes = std::make_unique<DocumentBuilder>(*m_notesDoc, m_tables, &m_doc);
+        m_notes = std::make_unique<DocumentBuilder>(*m_notesDoc, m_tables, m_doc);
     } else {
         m_notes->newParagraph(s.chr, ParaProps{});
     }

@@ -29,7 +29,12 @@ bool isShowable(char16_t c)
 } // namespace
 
 Parser::Parser(QTextDocument &doc)
-    : m_doc(doc), m_main(doc, m_tables)
+    : m_doc(&doc), m_main(doc, m_tables)
+{
+}
+
+Parser::Parser()
+    : m_doc(nullptr), m_main(m_tables)
 {
 }
 
@@ -48,9 +53,11 @@ ReadResult Parser::run(QByteArrayView data)
         return {false, false, u"The file is not in RTF format."_s};
 
     // Word's default tab stops are half an inch apart; Qt's are wider.
-    QTextOption option = m_doc.defaultTextOption();
-    option.setTabStopDistance(48);
-    m_doc.setDefaultTextOption(option);
+    if (m_doc) {
+        QTextOption option = m_doc->defaultTextOption();
+        option.setTabStopDistance(48);
+        m_doc->setDefaultTextOption(option);
+    }
 
     Tokenizer tokens(data);
     m_stack.assign(1, State{});
@@ -79,7 +86,10 @@ ReadResult Parser::run(QByteArrayView data)
         closeGroup();
     if (m_notes && m_notes->contentCount() > 0) {
         m_notes->finish();
-        m_main.appendNotes(*m_notesDoc);
+        if (m_notesDoc)
+            m_main.appendNotes(*m_notesDoc);
+        else
+            m_main.appendNotes(*m_notes);
     }
     m_main.finish();
 
@@ -359,10 +369,10 @@ void Parser::header(Kw id, const Token &t)
         break;
     case Kw::DefaultFont: m_tables.defaultFont = t.param; break;
     case Kw::DefaultTab:
-        if (t.param >= 60 && t.param <= 31680) {
-            QTextOption option = m_doc.defaultTextOption();
+        if (m_doc && t.param >= 60 && t.param <= 31680) {
+            QTextOption option = m_doc->defaultTextOption();
             option.setTabStopDistance(t.param / 15.0);
-            m_doc.setDefaultTextOption(option);
+            m_doc->setDefaultTextOption(option);
         }
         break;
     case Kw::FontCharset:

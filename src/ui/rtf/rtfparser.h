@@ -29,9 +29,13 @@ public:
     static constexpr qsizetype kMaxPictureBytes = 64 * 1024 * 1024;
 
     explicit Parser(QTextDocument &doc);
+    // Reads the text only, without formats, layout or a document: see text().
+    Parser();
     ~Parser();
 
     ReadResult run(QByteArrayView data);
+    // What a document would give as its plain text, after run() by a text-only parser.
+    QString text() const { return m_main.plainText(); }
 
 private:
     struct Field {
@@ -91,7 +95,7 @@ private:
     void startFootnote();
     void footnoteMark();
 
-    QTextDocument &m_doc;
+    QTextDocument *m_doc; // none when reading text only
     DocTables m_tables;
     DocumentBuilder m_main;
     std::unique_ptr<QTextDocument> m_notesDoc;

@@ -34,7 +34,28 @@ ReadResult readRtf(const QByteArray &data, QTextDocument &doc)
     return result;
 }
 
-QImage decodePicture(const QByteArray &data, const char *format, bool *tooLarge)
+ReadResult readRtfText(const QByteArray &data, QString *text)
+{
+    Parser parser;
+    const ReadResult result = parser.run(data);
+    *text = result.ok ? parser.text() : QString();
+    return result;
+}
+
+ReadResult readRtfTextFile(const QString &path, QString *text)
+{
+    const FileBytes file = readBounded(path, MaxRtfBytes);
+    if (!file.ok()) {
+        text->clear();
+        return {false, false, file.reason};
+    }
+    return readRtfText(file.bytes, text);
+}
+
+namespace {
+/// Reads the picture's header; true when the size it gives is within the limit. Decodes the
+/// picture into *image when one is given.
+bool readPicture(const QByteArray &data, const char *format, bool *tooLarge, QImage *image)
 {
     QBuffer buffer;
     buffer.setData(data);
@@ -44,7 +65,24 @@ QImage decodePicture(const QByteArray &data, const char *format, bool *tooLarge)
     const bool over = size.isValid() && qint64(size.width()) * size.height() > MaxPicturePixels;
     if (tooLarge)
         *tooLarge = over;
-    return over ? QImage() : reader.read();
+    if (over)
+        return false;
+    if (image)
+        *image = reader.read();
+    return size.isValid();
+}
+} // namespace
+
+QImage decodePicture(const QByteArray &data, const char *format, bool *tooLarge)
+{
+    QImage image;
+    readPicture(data, format, tooLarge, &image);
+    return image;
+}
+
+bool pictureHeaderFits(const QByteArray &data, const char *format, bool *tooLarge)
+{
+    return readPicture(data, format, tooLarge, nullptr);
 }
 
 ReadResult readRtfFile(const QString &path, QTextDocument &doc)
