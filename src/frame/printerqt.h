@@ -2,31 +2,24 @@
 
 #include "core/printerdevice.h"
 #include "core/services.h"
+#include "modules.h"
 
-#include <QPainter>
 #include <QString>
 
 #include <functional>
 #include <memory>
 
-class QPrinter;
-
 namespace sd {
 
-/// The program's printer: a QPainter on a QPrinter. Jobs go to the default printer without a
-/// dialog. A machine without any printer offers to save the job as a PDF file instead; with a
-/// fixed PDF file (--print-to) every job of the run goes there, the first to the file itself and
-/// later ones to numbered files beside it (out.pdf, out-2.pdf, out-3.pdf ...).
+/// The program's printer. Jobs go to the default printer without a dialog. A machine without any
+/// printer offers to save the job as a PDF file instead; with a fixed PDF file (--print-to) every
+/// job of the run goes there, the first to the file itself and later ones to numbered files beside
+/// it (out.pdf, out-2.pdf, out-3.pdf ...). The pages are made by the printing module, loaded when
+/// the first job starts.
 class QtPrinter final : public PrinterDevice
 {
 public:
-    struct Options
-    {
-        QString printTo;          ///< PDF file for every job; empty: printers
-        bool usePrinters = true;  ///< false: never a system printer (script runs)
-        /// Asked for a PDF file when there is no printer; an empty answer cancels the job.
-        std::function<QString()> choosePdf;
-    };
+    using Options = PrintOptions;
 
     explicit QtPrinter(Options options);
     ~QtPrinter() override;
@@ -48,21 +41,10 @@ protected:
     void finishJob(bool accepted) override;
 
 private:
-    void ensurePainter();
-    void newPage();
-    /// Anything further goes on a fresh page.
-    void fillPage();
-    void drawPageMargins();
-    QSizeF pageSize() const;
+    PrintSettings settings() const;
 
     Options m_options;
-    std::unique_ptr<QPrinter> m_printer;
-    QPainter m_painter;
-    QString m_file;
-    QString m_title;
-    int m_filesWritten = 0;
-    int m_pages = 0;
-    qreal m_y = 0;
+    std::unique_ptr<PageOutput> m_pages;
 };
 
 /// The desktop's own save dialog.

@@ -1,41 +1,43 @@
 #include "qtsound.h"
 
+#include "modules.h"
+
 #include <QApplication>
-#include <QAudioDevice>
 #include <QFileInfo>
-#include <QMediaDevices>
-#include <QSoundEffect>
-#include <QUrl>
 
 namespace sd {
 
-QtSound::QtSound()
-{
-    m_hasOutput = !QMediaDevices::audioOutputs().isEmpty();
-    if (m_hasOutput)
-        m_effect = std::make_unique<QSoundEffect>();
-}
+QtSound::QtSound() = default;
 
 QtSound::~QtSound() = default;
 
 void QtSound::play(const QString &path)
 {
-    if (!m_effect || !QFileInfo::exists(path))
-        return; // a missing clip or no sound device: carry on in silence
-    m_effect->setSource(QUrl::fromLocalFile(path));
-    m_effect->play();
+    if (!QFileInfo::exists(path))
+        return; // a missing clip: carry on in silence
+    if (!m_loadTried) {
+        m_loadTried = true;
+        if (const auto create = reinterpret_cast<CreateSound>(moduleFunction(SoundModule, SoundFunction))) {
+            m_output.reset(create());
+            if (m_output && m_volume >= 0)
+                m_output->setVolume(m_volume);
+        }
+    }
+    if (m_output)
+        m_output->play(path);
 }
 
 void QtSound::stop()
 {
-    if (m_effect)
-        m_effect->stop();
+    if (m_output)
+        m_output->stop();
 }
 
 void QtSound::setVolume(int volume)
 {
-    if (m_effect)
-        m_effect->setVolume(float(volume) / 100.0f);
+    m_volume = volume;
+    if (m_output)
+        m_output->setVolume(volume);
 }
 
 void QtSound::beep()

@@ -2,17 +2,14 @@
 
 #include "core/services.h"
 
-#include <QObject>
 #include <memory>
-
-class QSoundEffect;
 
 namespace sd {
 
-/// Plays clips through QSoundEffect. A machine without an audio output plays nothing, silently.
-class QtSound final : public QObject, public SoundOutput
+/// Plays clips through the sound module (Qt Multimedia), which is loaded when the first clip
+/// plays. A machine without an audio output, or without the module, plays nothing, silently.
+class QtSound final : public SoundOutput
 {
-    Q_OBJECT
 public:
     QtSound();
     ~QtSound() override;
@@ -22,8 +19,9 @@ public:
     void setVolume(int volume) override;
 
 private:
-    std::unique_ptr<QSoundEffect> m_effect;
-    bool m_hasOutput = false;
+    std::unique_ptr<SoundOutput> m_output;
+    bool m_loadTried = false;
+    int m_volume = -1; ///< the last volume asked for, given to the output once it is there
 };
 
 } // namespace sd
