@@ -36,6 +36,15 @@ Screen::Screen(const QString &code, QWidget *parent) : QWidget(parent)
     resize(m_designSize);
 }
 
+void Screen::setBackgroundPicture(const QString &picture)
+{
+    m_background = picture;
+    // The picture covers every pixel: filling the window first would only be drawn over.
+    setAutoFillBackground(picture.isEmpty());
+    setAttribute(Qt::WA_OpaquePaintEvent, !picture.isEmpty());
+    update();
+}
+
 void Screen::setTextFactor(qreal factor)
 {
     if (qFuzzyCompare(factor, m_textFactor))
@@ -280,7 +289,7 @@ void Screen::paintEvent(QPaintEvent *e)
     QPainter p(this);
     if (!m_background.isEmpty()) {
         if (m_backgroundCache.size() != size())
-            m_backgroundCache = coveringPicture(m_background, size());
+            m_backgroundCache = coveringPicture(m_background, size(), palette().color(QPalette::Window));
         p.drawPixmap(0, 0, m_backgroundCache);
     } else {
         QWidget::paintEvent(e);

@@ -80,7 +80,8 @@ protected:
     void closeEvent(QCloseEvent *e) override;
     /// Called when the pointer moves over the background (not over a control).
     virtual void backgroundHovered();
-    void setBackgroundPicture(const QString &picture) { m_background = picture; update(); }
+    /// A picture covering the whole screen, drawn over nothing (no fill of the window first).
+    void setBackgroundPicture(const QString &picture);
 
 private:
     struct Placement
