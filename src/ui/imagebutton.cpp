@@ -7,6 +7,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <utility>
 
 namespace sd::ui {
 
@@ -133,6 +134,8 @@ void ImageButton::refresh()
     // The picture a student sees, by name, for the automation's dump.
     const QString look = st == ButtonState::Normal ? QString() : st == ButtonState::Lit ? QStringLiteral("-lit") : QStringLiteral("-pressed");
     setProperty("picture", QString(m_icon + look));
+    if (!m_shown)
+        return; // not drawn before its size is known
     QPixmap pm = buttonPicture(m_icon, st, sz * devicePixelRatioF());
     pm.setDevicePixelRatio(devicePixelRatioF());
     setPixmap(pm);
@@ -205,6 +208,13 @@ void ImageButton::resizeEvent(QResizeEvent *e)
 {
     QLabel::resizeEvent(e);
     refresh();
+}
+
+void ImageButton::showEvent(QShowEvent *e)
+{
+    QLabel::showEvent(e);
+    if (!std::exchange(m_shown, true))
+        refresh();
 }
 
 void ImageButton::changeEvent(QEvent *e)

@@ -56,6 +56,7 @@ protected:
     void focusOutEvent(QFocusEvent *e) override;
     void paintEvent(QPaintEvent *e) override;
     void resizeEvent(QResizeEvent *e) override;
+    void showEvent(QShowEvent *e) override;
     void changeEvent(QEvent *e) override;
     bool eventFilter(QObject *watched, QEvent *e) override;
 
@@ -70,6 +71,7 @@ private:
     QColor m_litCaption = highlightColour();
     Look m_look = Look::Normal;
     bool m_lightable = true;
+    bool m_shown = false; ///< drawn from the first show on, at the size it is shown at
 };
 
 /// A selectable menu label: white text, lit in the highlight colour and bold under the pointer.

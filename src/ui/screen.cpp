@@ -11,6 +11,8 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace sd::ui {
@@ -91,7 +93,8 @@ void Screen::applyPlacement(QWidget *w, const Placement &p)
         web->setTextScale(textScale);
     if (!p.picture.isEmpty()) {
         w->setProperty("picture", QFileInfo(p.picture).completeBaseName());
-        if (auto *label = qobject_cast<QLabel *>(w)) {
+        auto *label = qobject_cast<QLabel *>(w);
+        if (label && m_shown) { // before the first show the size is not known yet
             QPixmap pm = picture(p.picture, r.size() * devicePixelRatioF());
             pm.setDevicePixelRatio(devicePixelRatioF());
             label->setPixmap(pm);
@@ -215,6 +218,11 @@ void Screen::clearMenuHighlight()
 void Screen::showEvent(QShowEvent *e)
 {
     QWidget::showEvent(e);
+    if (!std::exchange(m_shown, true)) {
+        for (auto it = m_placements.cbegin(); it != m_placements.cend(); ++it)
+            if (!it.value().picture.isEmpty())
+                applyPlacement(it.key(), it.value());
+    }
     nameControlsForScreenReaders();
 }
 

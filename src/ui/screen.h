@@ -104,6 +104,7 @@ private:
     int m_hoverIndex = 0;
     QString m_background;
     QPixmap m_backgroundCache;
+    bool m_shown = false; ///< pictures are drawn from the first show on, at the size shown
 };
 
 } // namespace sd::ui
