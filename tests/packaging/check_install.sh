@@ -15,6 +15,10 @@ id=org.studydesk.StudyDesk
 for f in bin/studydesk bin/studydesk-data; do
   [ -x "$usr/$f" ] || fail "$f is not installed"
 done
+# Loaded on first use: the sound output and printing.
+for f in lib/studydesk/studydesk-sound.so lib/studydesk/studydesk-print.so; do
+  [ -s "$usr/$f" ] || fail "$f is not installed"
+done
 for f in share/applications/$id.desktop share/metainfo/$id.metainfo.xml \
          share/icons/hicolor/scalable/apps/$id.svg share/icons/hicolor/48x48/apps/$id.png \
          share/icons/hicolor/128x128/apps/$id.png share/icons/hicolor/256x256/apps/$id.png \

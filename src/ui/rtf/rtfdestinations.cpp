@@ -312,17 +312,25 @@ void Parser::pictureData(std::string_view hex)
     Picture &p = m_picture;
     if (p.data.size() + qsizetype(hex.size() / 2) > kMaxPictureBytes)
         return;
+    // Written straight into the picture's bytes: a picture is most of many documents.
+    const qsizetype start = p.data.size();
+    p.data.resize(start + qsizetype(hex.size() / 2) + 1);
+    char *const begin = p.data.data();
+    char *out = begin + start;
+    int nibble = p.nibble;
     for (char c : hex) {
         const int v = hexValue(c);
         if (v < 0)
             continue; // spaces, and junk a careless writer left in
-        if (p.nibble < 0) {
-            p.nibble = v;
+        if (nibble < 0) {
+            nibble = v;
         } else {
-            p.data.append(char(p.nibble * 16 + v));
-            p.nibble = -1;
+            *out++ = char(nibble * 16 + v);
+            nibble = -1;
         }
     }
+    p.nibble = nibble;
+    p.data.resize(out - begin);
 }
 
 

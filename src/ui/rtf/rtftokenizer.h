@@ -7,7 +7,16 @@
 namespace sd::rtf {
 
 /// Value of a hexadecimal digit, or -1.
-int hexValue(char c);
+inline int hexValue(char c)
+{
+    if (c >= '0' && c <= '9')
+        return c - '0';
+    if (c >= 'a' && c <= 'f')
+        return c - 'a' + 10;
+    if (c >= 'A' && c <= 'F')
+        return c - 'A' + 10;
+    return -1;
+}
 
 enum class TokenType : quint8 {
     GroupOpen,
