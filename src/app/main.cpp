@@ -9,6 +9,7 @@
 #include "reading/registry.h"
 #include "scriptrunner.h"
 #include "useofenglish/registry.h"
+#include "writing/registry.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -122,11 +123,13 @@ int main(int argc, char **argv)
         sd::StudentSettings::load(store).applyTo(state);
     }
     state.Clock.setAutomatic(!scripted);
+    state.Time.setFake(scripted);
 
     sd::Navigator nav(state);
     sd::registerFrameScreens(nav);
     sd::registerReadingScreens(nav);
     sd::registerUseOfEnglishScreens(nav);
+    sd::registerWritingScreens(nav);
 
     std::unique_ptr<sd::ScriptRunner> runner;
     if (scripted) {

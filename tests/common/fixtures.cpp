@@ -3,6 +3,7 @@
 #include "frame/registry.h"
 #include "reading/registry.h"
 #include "useofenglish/registry.h"
+#include "writing/registry.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -70,9 +71,11 @@ App::App(const QString &dataDir) : state(sound, seeds), nav(state)
     QStandardPaths::setTestModeEnabled(true);
     state.StartDir = dataDir;
     state.Clock.setAutomatic(false);
+    state.Time.setFake(true);
     registerFrameScreens(nav);
     registerReadingScreens(nav);
     registerUseOfEnglishScreens(nav);
+    registerWritingScreens(nav);
     nav.open(QStringLiteral("Introback"));
     nav.open(QStringLiteral("Intro"));
     settle();
