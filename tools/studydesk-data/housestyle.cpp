@@ -92,7 +92,7 @@ void StyledDocument::inlineMarkdown(const QString &text, const QTextCharFormat &
         for (auto f = b.begin(); !f.atEnd(); ++f) {
             QTextCharFormat format = f.fragment().charFormat();
             format.merge(extra);
-            m_cursor.insertText(f.fragment().text(), run);
+            m_cursor.insertText(f.fragment().text(), format);
         }
     }
 }
