@@ -84,7 +84,7 @@ int main(int argc, char **argv)
                                      QStringLiteral("Read exercises from DIR instead of the bundled data."),
                                      QStringLiteral("DIR"));
     const QCommandLineOption script(QStringLiteral("script"),
-                                    QStringLiteral("Run the automation script FILE and print events as JSON lines."),
+                                    QStringLiteral("Run the automation script FILE (\"-\": lines from standard input as they come) and print events as JSON lines."),
                                     QStringLiteral("FILE"));
     const QCommandLineOption show(QStringLiteral("show"), QStringLiteral("Show the window while a script runs."));
     const QCommandLineOption printTo(QStringLiteral("print-to"),

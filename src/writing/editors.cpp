@@ -119,10 +119,7 @@ CompositionEditor::CompositionEditor(const QString &code, ProgramState &s, Navig
     lblLivecount->setText(liveCountText(sd::CountWords(withCrLf(Text2->toPlainText()))));
     connect(Text2, &QPlainTextEdit::textChanged, this, &CompositionEditor::textChanged);
     // The name alone does not make the work unsaved, but the draft keeps it.
-    connect(txtName, &QLineEdit::textEdited, this, [this] {
-        if (!state.TestMode)
-            m_draftDelay->start();
-    });
+    connect(txtName, &QLineEdit::textEdited, this, &CompositionEditor::scheduleDraft);
 }
 
 CompositionEditor::~CompositionEditor()
@@ -239,8 +236,16 @@ void CompositionEditor::textChanged()
 {
     state.CompositionSaved = false;
     lblLivecount->setText(liveCountText(sd::CountWords(withCrLf(Text2->toPlainText()))));
-    if (!state.TestMode)
-        m_draftDelay->start();
+    scheduleDraft();
+}
+
+void CompositionEditor::scheduleDraft()
+{
+    if (state.TestMode)
+        return;
+    if (!m_draftStarted.isValid())
+        m_draftStarted = state.Time.now();
+    m_draftDelay->start();
 }
 
 void CompositionEditor::keepDraft()
@@ -248,8 +253,6 @@ void CompositionEditor::keepDraft()
     m_draftDelay->stop();
     if (state.TestMode)
         return;
-    if (!m_draftStarted.isValid())
-        m_draftStarted = state.Time.now();
     DraftStore().write(draftKey(), Draft{Text2->toPlainText(), txtName->text(), m_draftStarted});
 }
 

@@ -48,6 +48,8 @@ private:
     void buildTest();
     void offerDraft();
     void textChanged();
+    /// The draft is written at most two seconds after the first change not yet in it.
+    void scheduleDraft();
     void keepDraft();
     void removeDraft();
     QString draftKey() const;
