@@ -253,6 +253,11 @@ void CompositionEditor::keepDraft()
     m_draftDelay->stop();
     if (state.TestMode)
         return;
+    // A name alone is no work to lose.
+    if (Text2->toPlainText().trimmed().isEmpty()) {
+        DraftStore().remove(draftKey());
+        return;
+    }
     DraftStore().write(draftKey(), Draft{Text2->toPlainText(), txtName->text(), m_draftStarted});
 }
 

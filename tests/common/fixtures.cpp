@@ -15,6 +15,7 @@
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTest>
+#include <QPlainTextEdit>
 #include <QTextEdit>
 
 namespace sd::test {
@@ -108,6 +109,8 @@ QString App::text(const QString &name) const
         return e->text();
     if (auto *t = qobject_cast<QTextEdit *>(w))
         return t->toPlainText();
+    if (auto *p = qobject_cast<QPlainTextEdit *>(w))
+        return p->toPlainText();
     if (auto *c = qobject_cast<QComboBox *>(w))
         return c->currentText();
     return QString();
@@ -136,6 +139,8 @@ void App::type(const QString &name, const QString &text)
         e->clear();
     else if (auto *t = qobject_cast<QTextEdit *>(w))
         t->clear();
+    else if (auto *p = qobject_cast<QPlainTextEdit *>(w))
+        p->clear();
     QTest::keyClicks(w, text);
     settle();
 }
