@@ -170,7 +170,10 @@ bool buildDataDirectory(const QString &sourceDir, const QString &outDir, Problem
         buildWriting(QDir(source.filePath(u"comp"_s)), source.dirName() + u"/comp"_s, &writing, problems);
         QByteArray records;
         for (const QStringList &r : std::as_const(writing.records))
-            records += encode(DataFile::Comp, r, source.dirName() + u"/comp/"_s + r.at(0), problems);
+            records += encode(DataFile::Comp, r,
+                              source.dirName() + u"/comp/"_s
+                                  + (r.at(0).startsWith(u'x') ? u"comp"_s + r.at(0) : u"titles-"_s + r.at(0)) + u".md"_s,
+                              problems);
         files.append({QString::fromLatin1(dataFileInfo(DataFile::Comp).fileName), records});
         for (const BuiltFile &b : std::as_const(writing.files))
             files.append({b.name, b.bytes});
