@@ -95,6 +95,12 @@ private Q_SLOTS:
         App app(many.path());
         openTitles(app, u"lblnar"_s);
         QCOMPARE(app.text(u"lblTitle"_s), u"ERROR - NO TEXT"_s);
+        // No data file at all: the same, and nothing is created.
+        DataDir none;
+        App bare(none.path());
+        openTitles(bare, u"lblnar"_s);
+        QCOMPARE(bare.text(u"lblTitle"_s), u"ERROR - NO TEXT"_s);
+        QVERIFY(!QFile::exists(none.path() + u"praccomp.dat"_s));
     }
 
     void leavingUnsavedWork()
