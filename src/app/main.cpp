@@ -10,6 +10,7 @@
 #include "scriptrunner.h"
 #include "testpapers/registry.h"
 #include "useofenglish/registry.h"
+#include "writing/registry.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -90,7 +91,7 @@ int main(int argc, char **argv)
                                      QStringLiteral("Read exercises from DIR instead of the bundled data."),
                                      QStringLiteral("DIR"));
     const QCommandLineOption script(QStringLiteral("script"),
-                                    QStringLiteral("Run the automation script FILE and print events as JSON lines."),
+                                    QStringLiteral("Run the automation script FILE (\"-\": lines from standard input as they come) and print events as JSON lines."),
                                     QStringLiteral("FILE"));
     const QCommandLineOption show(QStringLiteral("show"), QStringLiteral("Show the window while a script runs."));
     const QCommandLineOption printTo(QStringLiteral("print-to"),
@@ -129,11 +130,13 @@ int main(int argc, char **argv)
         sd::StudentSettings::load(store).applyTo(state);
     }
     state.Clock.setAutomatic(!scripted);
+    state.Time.setFake(scripted);
 
     sd::Navigator nav(state);
     sd::registerFrameScreens(nav);
     sd::registerReadingScreens(nav);
     sd::registerUseOfEnglishScreens(nav);
+    sd::registerWritingScreens(nav);
     sd::registerTestPaperScreens(nav);
 
     std::unique_ptr<sd::ScriptRunner> runner;

@@ -3,6 +3,7 @@
 #include "frame/registry.h"
 #include "reading/registry.h"
 #include "useofenglish/registry.h"
+#include "writing/registry.h"
 #include "testpapers/registry.h"
 
 #include <QApplication>
@@ -15,6 +16,7 @@
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTest>
+#include <QPlainTextEdit>
 #include <QTextEdit>
 
 namespace sd::test {
@@ -71,9 +73,11 @@ App::App(const QString &dataDir) : state(sound, seeds), nav(state)
     QStandardPaths::setTestModeEnabled(true);
     state.StartDir = dataDir;
     state.Clock.setAutomatic(false);
+    state.Time.setFake(true);
     registerFrameScreens(nav);
     registerReadingScreens(nav);
     registerUseOfEnglishScreens(nav);
+    registerWritingScreens(nav);
     registerTestPaperScreens(nav);
     nav.open(QStringLiteral("Introback"));
     nav.open(QStringLiteral("Intro"));
@@ -107,6 +111,8 @@ QString App::text(const QString &name) const
         return e->text();
     if (auto *t = qobject_cast<QTextEdit *>(w))
         return t->toPlainText();
+    if (auto *p = qobject_cast<QPlainTextEdit *>(w))
+        return p->toPlainText();
     if (auto *c = qobject_cast<QComboBox *>(w))
         return c->currentText();
     return QString();
@@ -135,6 +141,8 @@ void App::type(const QString &name, const QString &text)
         e->clear();
     else if (auto *t = qobject_cast<QTextEdit *>(w))
         t->clear();
+    else if (auto *p = qobject_cast<QPlainTextEdit *>(w))
+        p->clear();
     QTest::keyClicks(w, text);
     settle();
 }
