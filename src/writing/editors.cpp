@@ -104,12 +104,10 @@ CompositionEditor::CompositionEditor(const QString &code, ProgramState &s, Navig
     onClick(quitButton, [this] { quit(); });
     onClick(imgTime, [this] { showTimeBalloon(); });
 
-    if (letter) {
-        WebBrowser1 = new WebPageBox(this);
-        WebBrowser1->setObjectName(QStringLiteral("WebBrowser1"));
-        WebBrowser1->setAccessibleName(QStringLiteral("Task sheet"));
-        place(WebBrowser1, QRect(528, 104, 480, 556));
-    }
+    // The sheet beside the letter: the topic's in practice, the test's Part 1 sheet in a test.
+    if (letter)
+        WebBrowser1 = addPage(QStringLiteral("WebBrowser1"), QStringLiteral("Task sheet"), QRect(528, 104, 480, 556),
+                              (s.TestMode ? s.TestLetterSheet : s.CurrentSheet) + QStringLiteral(".htm"));
     m_draftDelay = new Delay(s.Time, DraftDelayMs, [this] { keepDraft(); }, this);
     if (s.TestMode)
         buildTest();
@@ -137,8 +135,6 @@ void CompositionEditor::buildPractice()
     if (m_letter) {
         state.LetterHeading = letterHeading(state.Titles[n], state.TitleNotes[n]);
         lblPartAtitle->setText(state.LetterHeading);
-        if (!WebBrowser1->loadDataFile(state.DataDir, state.CurrentSheet + QStringLiteral(".htm")))
-            WebBrowser1->setPlainText(QStringLiteral("ERROR - No file"));
     } else {
         Label1 = addLabel(QStringLiteral("Label1"), QStringLiteral("Subject number: ") + QString::number(n),
                           QRect(16, 104, 400, 24), 12, true);
@@ -167,8 +163,6 @@ void CompositionEditor::buildTest()
             state.LetterHeading = QString::fromUtf16(NoTextError);
         }
         lblPartAtitle->setText(state.LetterHeading);
-        if (!WebBrowser1->loadDataFile(state.DataDir, state.TestLetterSheet + QStringLiteral(".htm")))
-            WebBrowser1->setPlainText(QStringLiteral("ERROR - No file"));
         Text2->setPlainText(boxText(state.LetterText));
     } else {
         lblTitle = addLabel(QStringLiteral("lblTitle"), QStringLiteral("Write the number of the composition:"),
@@ -180,12 +174,8 @@ void CompositionEditor::buildTest()
         lblTitle->setBuddy(txtTitle);
         state.PaperLabel = paperLabelFor(state.TestNumber);
         lblPaper = addLabel(QStringLiteral("lblPaper"), state.PaperLabel, QRect(16, 110, 500, 30), 12, true);
-        RichTextBox1 = new RichTextBox(this);
-        RichTextBox1->setObjectName(QStringLiteral("RichTextBox1"));
-        RichTextBox1->setAccessibleName(QStringLiteral("Part 2 questions"));
-        place(RichTextBox1, QRect(528, 104, 480, 556));
-        if (!RichTextBox1->loadDataFile(state.DataDir, state.TestQuestionFile))
-            RichTextBox1->setPlainMessage(QStringLiteral("ERROR - No file"));
+        RichTextBox1 = addRichText(QStringLiteral("RichTextBox1"), QStringLiteral("Part 2 questions"),
+                                   QRect(528, 104, 480, 556), state.TestQuestionFile);
         Text2->setPlainText(boxText(state.CompositionText));
         txtTitle->setText(state.CompositionNumber);
     }

@@ -28,16 +28,10 @@ compsamples::compsamples(ProgramState &s, Navigator &nav) : WritingScreen(QStrin
              QRect(84, 84, 856, 22), 11);
     addLabel(QStringLiteral("lblSubject"), QStringLiteral("Here is an example of a subject for this type:"),
              QRect(16, 110, 600, 22), 11, true);
-    rtfTitle = new RichTextBox(this);
-    rtfTitle->setObjectName(QStringLiteral("rtfTitle"));
-    rtfTitle->setAccessibleName(QStringLiteral("Example subject"));
-    place(rtfTitle, QRect(16, 134, 700, 120));
+    rtfTitle = addRichText(QStringLiteral("rtfTitle"), QStringLiteral("Example subject"), QRect(16, 134, 700, 120), {});
     addLabel(QStringLiteral("lblSample"), QStringLiteral("Here is a sample answer. Read the composition and score it."),
              QRect(16, 260, 700, 22), 11, true);
-    rtfSample = new RichTextBox(this);
-    rtfSample->setObjectName(QStringLiteral("rtfSample"));
-    rtfSample->setAccessibleName(QStringLiteral("Sample answer"));
-    place(rtfSample, QRect(16, 284, 700, 380));
+    rtfSample = addRichText(QStringLiteral("rtfSample"), QStringLiteral("Sample answer"), QRect(16, 284, 700, 380), {});
     lblSampleno = addLabel(QStringLiteral("lblSampleno"), QString(), QRect(16, 668, 200, 24), 12, true);
 
     addLabel(QStringLiteral("lblScorebutton"), ui::lineBreaks(QStringLiteral("CLICK BELOW TO SCORE\rAND SEE COMMENTS")),
@@ -81,15 +75,11 @@ compsamples::compsamples(ProgramState &s, Navigator &nav) : WritingScreen(QStrin
 void compsamples::showSample()
 {
     const int type = state.CompositionTypeNumber;
-    if (type == 1) {
-        if (!rtfTitle->loadDataFile(state.DataDir, QStringLiteral("letasample.rtf")))
-            rtfTitle->setPlainMessage(QStringLiteral("ERROR - No file"));
-    } else {
+    if (type == 1)
+        showFile(rtfTitle, QStringLiteral("letasample.rtf"));
+    else
         rtfTitle->setPlainMessage(exampleSubject(type));
-    }
-    m_sampleLoaded = rtfSample->loadDataFile(state.DataDir, sampleFileName(state.CompositionType, state.SampleNumber));
-    if (!m_sampleLoaded)
-        rtfSample->setPlainMessage(QStringLiteral("ERROR - No file"));
+    m_sampleLoaded = showFile(rtfSample, sampleFileName(state.CompositionType, state.SampleNumber));
     lblSampleno->setText(QStringLiteral("Sample %1 of 3").arg(int(state.SampleNumber)));
     for (int i = 0; i < SampleCount; ++i) {
         m_ticks[i]->hide();

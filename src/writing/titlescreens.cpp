@@ -152,12 +152,7 @@ showleta::showleta(ProgramState &s, Navigator &nav) : WritingScreen(QStringLiter
     const int n = s.CurrentTitle;
     addLabel(QStringLiteral("lblTask"), letterTaskText(s.CurrentTopicCode, s.Titles[n], s.TitleNotes[n]),
              QRect(16, 70, 400, 560), 13, false, Qt::AlignLeft | Qt::AlignTop);
-    WebBrowser1 = new WebPageBox(this);
-    WebBrowser1->setObjectName(QStringLiteral("WebBrowser1"));
-    WebBrowser1->setAccessibleName(QStringLiteral("Task sheet"));
-    place(WebBrowser1, QRect(430, 70, 578, 580));
-    if (!WebBrowser1->loadDataFile(s.DataDir, s.SheetPage))
-        WebBrowser1->setPlainText(QStringLiteral("ERROR - No file"));
+    WebBrowser1 = addPage(QStringLiteral("WebBrowser1"), QStringLiteral("Task sheet"), QRect(430, 70, 578, 580), s.SheetPage);
 
     ui::ImageButton *print = addCaptioned(QStringLiteral("imgPrintout"), QStringLiteral("print"), QRect(120, 676, 52, 52),
                                           QStringLiteral("lblPrintout"), QStringLiteral("Print the task"));
@@ -227,12 +222,8 @@ seecomptitlex::seecomptitlex(ProgramState &s, Navigator &nav) : WritingScreen(QS
     addLabel(QStringLiteral("lblTopic"), QStringLiteral("TEST ") + QString::number(s.TestNumber), QRect(84, 64, 400, 30),
              14, true);
     CloseDataFile(s);
-    RichTextBox1 = new RichTextBox(this);
-    RichTextBox1->setObjectName(QStringLiteral("RichTextBox1"));
-    RichTextBox1->setAccessibleName(QStringLiteral("Part 2 questions"));
-    place(RichTextBox1, QRect(84, 100, 856, 550));
-    if (!RichTextBox1->loadDataFile(s.DataDir, s.TestQuestionFile))
-        RichTextBox1->setPlainMessage(QStringLiteral("ERROR - No file"));
+    RichTextBox1 = addRichText(QStringLiteral("RichTextBox1"), QStringLiteral("Part 2 questions"), QRect(84, 100, 856, 550),
+                               s.TestQuestionFile);
     ui::ImageButton *print = addCaptioned(QStringLiteral("Printlist"), QStringLiteral("print"), QRect(240, 676, 52, 52),
                                           QStringLiteral("lblPrintlist"), QStringLiteral("Print the questions"));
     ui::ImageButton *write = addCaptioned(QStringLiteral("Writenow"), QStringLiteral("write"), QRect(486, 676, 52, 52),

@@ -3,6 +3,8 @@
 #include "frame/core/services.h"
 #include "frame/core/state.h"
 #include "frame/core/verdicts.h"
+#include "ui/richtextbox.h"
+#include "ui/webpagebox.h"
 
 namespace sd {
 
@@ -41,6 +43,37 @@ ui::ImageButton *WritingScreen::addCaptioned(const QString &name, const QString 
                                    QRect(rect.x() - 50, rect.bottom() + 2, rect.width() + 100, 40));
     b->setAccessibleName(ui::lineBreaks(caption).replace(u'\n', u' '));
     return b;
+}
+
+WebPageBox *WritingScreen::addPage(const QString &name, const QString &accessibleName, QRect rect, const QString &file)
+{
+    auto *box = new WebPageBox(this);
+    box->setObjectName(name);
+    box->setAccessibleName(accessibleName);
+    place(box, rect);
+    if (!box->loadDataFile(state.DataDir, file))
+        box->setPlainText(QStringLiteral("ERROR - No file"));
+    return box;
+}
+
+RichTextBox *WritingScreen::addRichText(const QString &name, const QString &accessibleName, QRect rect,
+                                        const QString &file)
+{
+    auto *box = new RichTextBox(this);
+    box->setObjectName(name);
+    box->setAccessibleName(accessibleName);
+    place(box, rect);
+    if (!file.isEmpty())
+        showFile(box, file);
+    return box;
+}
+
+bool WritingScreen::showFile(RichTextBox *box, const QString &file)
+{
+    if (box->loadDataFile(state.DataDir, file))
+        return true;
+    box->setPlainMessage(QStringLiteral("ERROR - No file"));
+    return false;
 }
 
 } // namespace sd
