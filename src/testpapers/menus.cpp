@@ -102,7 +102,10 @@ Examsection::Examsection(ProgramState &s, Navigator &nav) : AppScreen(QStringLit
     m_saveHint->hide();
     m_save->setAccessibleDescription(m_saveHint->text().trimmed());
     m_save->installEventFilter(this);
-    onClick(m_save, [this] { this->nav().open(QStringLiteral("Examsave")); });
+    onClick(m_save, [this] {
+        state.SectionIndex = 0;
+        this->nav().open(QStringLiteral("Examsave"));
+    });
     ui::ImageButton *quit = closeButton(this, QRect(686, 590, 52, 52));
     onClick(quit, [this] { this->nav().openModal(QStringLiteral("Examexit")); });
 
@@ -176,12 +179,16 @@ void Examsection::openSection(int section)
 
 void Examsection::openWritingPart(int section)
 {
-    const QString screen = section == 2 ? QStringLiteral("writetheleta") : QStringLiteral("writethecomp");
-    if (!nav().isRegistered(screen)) {
-        showNotAvailable(nav(), state, QStringLiteral("Writing test papers"));
+    // Part 1 is the letter beside its sheet, Part 2 a composition beside the test's questions.
+    state.TestLetterSheet = QStringLiteral("compx") + state.LevelCode;
+    state.TestQuestionFile = state.TestLetterSheet + QStringLiteral("b.rtf");
+    ui::Screen *editor = nav().open(section == 2 ? QStringLiteral("writetheleta") : QStringLiteral("writethecomp"));
+    if (!editor)
         return;
-    }
-    nav().open(screen);
+    connect(editor, &QObject::destroyed, this, [this, section] {
+        state.SectionDone[section] = true;
+        refresh();
+    });
 }
 
 void Examsection::seeFinalScore()

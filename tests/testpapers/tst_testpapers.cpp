@@ -150,6 +150,70 @@ private Q_SLOTS:
         QVERIFY(!shows(*app, u"imgDone%1"_s.arg(section)));
     }
 
+    // The Writing parts keep the name, the question number and the text when they are left and
+    // opened again; "Exit test" takes them away.
+    void writingPartsKeepTheWork()
+    {
+        const QString data = QCoreApplication::applicationDirPath() + u"/data/"_s;
+        if (!QFileInfo::exists(data + u"praccomp.dat"_s))
+            QSKIP("the bundled data has not been built");
+        app = std::make_unique<App>(data);
+        app->click(u"lblTest"_s);
+        app->click(u"Label2"_s);
+        app->click(u"Label1"_s);
+        QVERIFY(!shows(*app, u"Label1"_s) && !shows(*app, u"Check"_s) && shows(*app, u"Save"_s));
+        openSection(2, u"writetheleta"_s);
+        app->type(u"txtName"_s, u"Ana Lopez"_s);
+        app->type(u"Text2"_s, u"Dear Jamie, yes, count me in!"_s);
+        app->click(u"Quit"_s);
+        openSection(4, u"writethecomp"_s);
+        QCOMPARE(app->text(u"txtName"_s), u"Ana Lopez"_s);
+        app->type(u"txtTitle"_s, u"3"_s);
+        app->type(u"Text2"_s, u"It was a dark night."_s);
+        app->click(u"Quit"_s);
+        QVERIFY(shows(*app, u"imgDone2"_s) && shows(*app, u"imgDone4"_s));
+        openSection(2, u"writetheleta"_s);
+        QCOMPARE(app->text(u"Text2"_s), u"Dear Jamie, yes, count me in!"_s);
+        app->click(u"Quit"_s);
+        openSection(4, u"writethecomp"_s);
+        QCOMPARE(app->text(u"txtTitle"_s), u"3"_s);
+        QCOMPARE(app->text(u"Text2"_s), u"It was a dark night."_s);
+        app->click(u"Quit"_s);
+        app->click(u"Quit"_s);
+        QCOMPARE(app->text(u"Label1"_s), u"Are you sure you want to exit this test?\n(Your answers will be eliminated.)"_s);
+        app->click(u"imgQuit"_s);
+        app->click(u"Label1"_s);
+        openSection(2, u"writetheleta"_s);
+        QCOMPARE(app->text(u"Text2"_s), QString());
+        QCOMPARE(app->text(u"txtName"_s), QString());
+    }
+
+    // A Writing test written, printed and saved in the real program: both parts in one file.
+    void writingTestScripted()
+    {
+        const QString data = QCoreApplication::applicationDirPath() + u"/data"_s;
+        if (!QFileInfo::exists(data + u"/praccomp.dat"_s))
+            QSKIP("the bundled data has not been built");
+        QTemporaryDir out;
+        const QString saved = out.filePath(u"answers.txt"_s);
+        const QString pdf = out.filePath(u"letter.pdf"_s);
+        const ScriptRun run = runScript(data, u"click lblTest\nclick Label2\nclick Label1\n"
+                                              u"click Label2\ntype txtName Ana\ntype Text2 Dear Jamie,\nclick Quit\n"
+                                              u"click Label4\ntype txtTitle 2\ntype Text2 My street\nclick Quit\n"
+                                              u"click Save\nclick imgPrint\nsave-as "_s + saved + u"\nclick Savetext\ndump\n"_s,
+                                        {u"--print-to"_s, pdf});
+        QCOMPARE(run.exitCode, 0);
+        QVERIFY2(QFileInfo(pdf).size() > 0, qPrintable(run.errors));
+        QFile f(saved);
+        QVERIFY(f.open(QIODevice::ReadOnly));
+        const QList<QByteArray> lines = f.readAll().split('\n');
+        QCOMPARE(lines.size(), 17); // eight lines a part, each ended by CR LF
+        QCOMPARE(lines.at(3), QByteArray("Dear Jamie,\r"));
+        QCOMPARE(lines.at(9), QByteArray("Test paper 1 B   Topic number: 2\r"));
+        QCOMPARE(lines.at(11), QByteArray("My street\r"));
+        QCOMPARE(lines.at(14), QByteArray("Ana\r"));
+    }
+
     // A whole test in the real program: two sections answered, the others left, the final score,
     // one section reviewed.
     void useOfEnglishTestScripted()

@@ -128,6 +128,11 @@ void ClearTest(ProgramState &s)
     s.LetterHeading.clear();
     s.LetterText.clear();
     s.StudentName.clear();
+    s.CompositionNumber.clear();
+    s.PaperLabel.clear();
+    s.CompositionSaved = true;
+    s.TestLetterSheet.clear();
+    s.TestQuestionFile.clear();
 }
 
 void StartTest(ProgramState &s, int test)
@@ -142,7 +147,7 @@ void StartTest(ProgramState &s, int test)
 TestRecord FinishedTestRecord(const ProgramState &s, const TestScore &score)
 {
     TestRecord r;
-    r.finishedAt = QDateTime::currentDateTimeUtc();
+    r.finishedAt = s.Time.now();
     r.paper = s.PaperIndex;
     r.test = s.TestNumber;
     r.percent = score.percent;
