@@ -383,6 +383,7 @@ void ScriptRunner::run(const QString &line)
             return fail(QStringLiteral("wait needs a number of milliseconds"));
         m_time.advance(ms);
         m_state.Clock.advance(ms);
+        m_state.Time.advance(ms);
     } else if (cmd == u"dump") {
         QJsonArray screens;
         for (ui::Screen *s : m_nav.showing())

@@ -13,6 +13,7 @@ void registerTestPaperScreens(Navigator &nav)
     nav.registerScreen<Examsection>("Examsection");
     nav.registerScreen<Examscore>("Examscore");
     nav.registerScreen<Examexit>("Examexit");
+    nav.registerScreen<continuetest>("continuetest");
 }
 
 } // namespace sd

@@ -71,6 +71,7 @@ App::App(const QString &dataDir) : state(sound, seeds), nav(state)
     QStandardPaths::setTestModeEnabled(true);
     state.StartDir = dataDir;
     state.Clock.setAutomatic(false);
+    state.Time.setFake(true);
     registerFrameScreens(nav);
     registerReadingScreens(nav);
     registerUseOfEnglishScreens(nav);

@@ -2,8 +2,10 @@
 
 #include "checked.h"
 #include "datafiles.h"
+#include "history.h"
 #include "minuteclock.h"
 #include "printerdevice.h"
+#include "programtime.h"
 #include "random.h"
 #include "testrecord.h"
 
@@ -106,8 +108,6 @@ struct ProgramState
     bool TestScored = false;
     bool ShowSectionAnswers = false;
     Array<Array<QString, 0, 20>, 0, 10> SavedAnswer;
-    /// Every test whose final score was shown in this run, oldest first.
-    QList<TestRecord> FinishedTests;
 
     // Composition state: what the editors print and save (heading, text, the writer's name).
     QString CompositionHeading, CompositionText, LetterHeading, LetterText, StudentName;
@@ -116,6 +116,10 @@ struct ProgramState
     std::unique_ptr<PrinterDevice> Printer = std::make_unique<RecordingPrinter>();
     // The save dialog: a queue that cancels everything until start-up sets the real one.
     std::unique_ptr<SaveDialog> SaveAs = std::make_unique<QueuedSaveDialog>();
+    // The calendar and short delays (draft saves): real, or fake in scripts and tests.
+    ProgramTime Time;
+    // The student's history: keeps nothing until start-up (or a test) sets the real one.
+    std::unique_ptr<StudentHistory> History = std::make_unique<NoHistory>();
 
     /// Section number of a kind within its paper.
     static int sectionOfKind(int kind);
