@@ -221,29 +221,41 @@ Mistakes::Mistakes(ProgramState &s, Navigator &nav) : AppScreen(QStringLiteral("
                        QRect(40, 96, 944, 560));
     m_table->setAccessibleName(QStringLiteral("Mistakes"));
     m_table->horizontalHeader()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
-    m_items = s.History->mistakes();
-    m_table->setRowCount(int(m_items.size()));
-    for (int row = 0; row < m_items.size(); ++row) {
-        const Mistake &m = m_items.at(row);
-        setRow(m_table, row,
-               {exerciseTitle(s, m.kind, m.level, m.exercise), QString::number(m.question), m.given, m.expected});
-    }
-    QLabel *none = addLabel(QStringLiteral("lblNothing"), QStringLiteral("No mistakes to go over."), QRect(40, 300, 944, 40),
-                            14, true, Qt::AlignCenter);
-    none->setVisible(m_items.isEmpty());
-    if (!m_items.isEmpty())
-        m_table->selectRow(0);
-    m_table->installEventFilter(this);
+    m_none = addLabel(QStringLiteral("lblNothing"), QStringLiteral("No mistakes to go over."), QRect(40, 300, 944, 40), 14,
+                      true, Qt::AlignCenter);
     connect(m_table, &QTableWidget::cellActivated, this, [this] { guarded([this] { openChosen(); }); });
 
     ui::ImageButton *open = addButton(QStringLiteral("Open"), QStringLiteral("next"), QRect(386, 670, 52, 52),
                                       QStringLiteral("lblOpen"), QStringLiteral("Open exercise"), QRect(326, 724, 172, 30));
     ui::ImageButton *quit = addButton(QStringLiteral("Quit"), QStringLiteral("back"), QRect(586, 670, 52, 52),
                                       QStringLiteral("lblQuit"), QStringLiteral("Close"), QRect(526, 724, 172, 30));
-    open->setVisible(!m_items.isEmpty());
-    open->caption()->setVisible(!m_items.isEmpty());
+    m_open = open;
     onClick(open, [this] { openChosen(); });
     onClick(quit, [this] { closeScreen(); });
+}
+
+void Mistakes::showEvent(QShowEvent *e)
+{
+    // Back from an exercise: what was put right since has left the list.
+    fill();
+    AppScreen::showEvent(e);
+}
+
+void Mistakes::fill()
+{
+    m_items = state.History->mistakes();
+    m_table->setRowCount(int(m_items.size()));
+    for (int row = 0; row < m_items.size(); ++row) {
+        const Mistake &m = m_items.at(row);
+        setRow(m_table, row,
+               {exerciseTitle(state, m.kind, m.level, m.exercise), QString::number(m.question), m.given, m.expected});
+    }
+    m_none->setVisible(m_items.isEmpty());
+    m_table->setVisible(!m_items.isEmpty());
+    m_open->setVisible(!m_items.isEmpty());
+    m_open->caption()->setVisible(!m_items.isEmpty());
+    if (!m_items.isEmpty())
+        m_table->selectRow(0);
 }
 
 void Mistakes::openChosen()

@@ -50,10 +50,16 @@ class Mistakes : public AppScreen
 public:
     Mistakes(ProgramState &state, Navigator &nav);
 
+protected:
+    void showEvent(QShowEvent *e) override;
+
 private:
+    void fill();
     void openChosen();
 
     QTableWidget *m_table = nullptr;
+    QLabel *m_none = nullptr;
+    ui::ImageButton *m_open = nullptr;
     QList<Mistake> m_items;
 };
 

@@ -4,6 +4,8 @@
 
 #include "../useofenglish/gapfixtures.h"
 
+#include "progress/core/sqlhistory.h"
+
 #include <QJsonArray>
 
 using namespace sd;
@@ -50,6 +52,8 @@ private Q_SLOTS:
 
     void answersKeptPerSectionAndDoneMarks()
     {
+        QTemporaryDir folder;
+        app->state.History = std::make_unique<SqlHistory>(folder.filePath(u"history.sqlite"_s), [] { return QDateTime(); });
         openTest(1);
         QVERIFY(!shows(*app, u"imgDone1"_s));
         openSection(1, u"ueca"_s);
@@ -78,8 +82,10 @@ private Q_SLOTS:
         QCOMPARE(app->text(u"lblScore3"_s), u"Not done"_s);
         QCOMPARE(app->text(u"lblPercent"_s), u"10%"_s);
         QVERIFY(soundsPlayed(*app).isEmpty()); // the verdict sounds only when every section is done
-        QCOMPARE(app->state.FinishedTests.size(), 1);
-        QCOMPARE(app->state.FinishedTests.last().percent, 10);
+        const ProgressSummary kept = app->state.History->summary();
+        QCOMPARE(kept.tests.size(), 1);
+        QCOMPARE(kept.tests.last().percent, std::optional<int>(10));
+        QCOMPARE(kept.tests.last().sectionsDone, 2);
         app->click(u"Quit"_s);
 
         // Reviewing: the section shows the answers against the keys and the marks.
