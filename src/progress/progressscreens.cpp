@@ -106,8 +106,9 @@ void Progress::showEvent(QShowEvent *e)
 charts::ChartFactory *Progress::loadCharts()
 {
     if (!m_chartsModule.isLoaded()) {
-        const QStringList places{QCoreApplication::applicationDirPath(), QStringLiteral(STUDYDESK_MODULE_DIR)};
-        for (const QString &dir : places) {
+        // Beside the program in a build folder; in lib/<arch>/studydesk once installed.
+        const QDir programDir(QCoreApplication::applicationDirPath());
+        for (const QString &dir : {programDir.path(), programDir.filePath(QStringLiteral(STUDYDESK_MODULE_DIR))}) {
             m_chartsModule.setFileName(QDir(dir).filePath(QStringLiteral("studydesk_charts")));
             if (m_chartsModule.load())
                 break;
@@ -157,7 +158,7 @@ void Progress::fill()
     QList<charts::Bar> bars;
     for (const ProgressSummary::KindAverage &k : summary.kinds)
         bars.append({QStringLiteral("%1 (%2)").arg(state.KindNames[k.kind]).arg(k.count), k.percent});
-    const QString kindsTitle = QStringLiteral("Average percentage by kind of exercise (exercises done)");
+    const QString kindsTitle = QStringLiteral("Average by kind of exercise (number done)");
     if (bars.isEmpty())
         nothing(4, kinds, kindsTitle + QStringLiteral("\n\n") + nothingYet());
     else if (!factory)

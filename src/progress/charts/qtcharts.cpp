@@ -16,9 +16,25 @@ namespace sd::charts {
 
 namespace {
 
+/// Small type, so that the axes keep their labels in a chart a third of the window wide.
+void useSmallType(QChart *chart)
+{
+    QFont labels = chart->font(), titles = chart->font();
+    labels.setPointSizeF(7);
+    titles.setPointSizeF(8);
+    titles.setBold(true);
+    chart->setTitleFont(titles);
+    chart->legend()->setFont(labels);
+    for (QAbstractAxis *axis : chart->axes()) {
+        axis->setLabelsFont(labels);
+        axis->setTitleFont(labels);
+    }
+}
+
 QChartView *viewOf(QChart *chart, const QString &title, QWidget *parent)
 {
     chart->setTitle(title);
+    useSmallType(chart);
     chart->legend()->setAlignment(Qt::AlignBottom);
     chart->setMargins(QMargins(4, 4, 4, 4));
     auto *view = new QChartView(chart, parent);
@@ -33,7 +49,7 @@ QValueAxis *percentAxis()
     auto *axis = new QValueAxis;
     axis->setRange(0, 100);
     axis->setLabelFormat(QStringLiteral("%d%"));
-    axis->setTickCount(6);
+    axis->setTickCount(5);
     axis->setTitleText(QStringLiteral("Percentage"));
     return axis;
 }
@@ -45,7 +61,7 @@ public:
     {
         auto *chart = new QChart;
         auto *dates = new QDateTimeAxis;
-        dates->setFormat(QStringLiteral("d MMM yy"));
+        dates->setFormat(QStringLiteral("d MMM"));
         dates->setTitleText(QStringLiteral("Date"));
         dates->setTickCount(4);
         QDateTime first, last;
