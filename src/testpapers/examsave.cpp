@@ -1,10 +1,12 @@
 #include "examsave.h"
 
 #include "core/testpaper.h"
+#include "frame/core/history.h"
 #include "frame/core/services.h"
 #include "frame/core/state.h"
 #include "frame/printing.h"
 #include "writing/core/composition.h"
+#include "writing/core/wordcount.h"
 
 #include <QDir>
 #include <QPlainTextEdit>
@@ -82,6 +84,11 @@ void Examsave::save()
         nav().showMessage(QString::fromUtf16(SaveErrorText));
         return;
     }
+    const QString test = QStringLiteral("Test %1 ").arg(int(state.TestNumber));
+    state.History->recordComposition({state.Time.now().toUTC(), test + QStringLiteral("Part 1"), state.LetterHeading,
+                                      CountWords(state.LetterText), path});
+    state.History->recordComposition({state.Time.now().toUTC(), test + QStringLiteral("Part 2"),
+                                      state.CompositionHeading, CountWords(state.CompositionText), path});
     keepRecord();
 }
 
@@ -90,7 +97,7 @@ void Examsave::keepRecord()
     if (state.TestScored)
         return;
     state.TestScored = true;
-    state.FinishedTests.append(FinishedTestRecord(state, TestScore{}));
+    state.History->recordTest(FinishedTestRecord(state, TestScore{}), QString(), {});
 }
 
 } // namespace sd

@@ -54,6 +54,8 @@ Examexit::Examexit(ProgramState &s, Navigator &nav) : AppScreen(QStringLiteral("
                                        QStringLiteral("lblAgain"), QStringLiteral("Return to test"), QRect(294, 204, 140, 40));
     onClick(exit, [this] {
         ClearTest(state);
+        state.TestNumber = 0;
+        state.History->dropPausedTest(state.PaperIndex);
         // Back to the test menu: the question, the score screen and the section menu all close.
         Navigator &n = this->nav();
         closeScreen();

@@ -15,6 +15,7 @@ void registerTestPaperScreens(Navigator &nav)
     nav.registerScreen<Examscore>("Examscore");
     nav.registerScreen<Examexit>("Examexit");
     nav.registerScreen<Examsave>("Examsave");
+    nav.registerScreen<continuetest>("continuetest");
 }
 
 } // namespace sd

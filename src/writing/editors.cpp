@@ -4,6 +4,7 @@
 #include "core/titles.h"
 #include "core/wordcount.h"
 
+#include "frame/core/history.h"
 #include "frame/core/minuteclock.h"
 #include "frame/core/programtime.h"
 #include "frame/core/state.h"
@@ -316,6 +317,10 @@ void CompositionEditor::SaveComposition()
     }
     state.CompositionSaved = true;
     removeDraft();
+    state.History->recordComposition({state.Time.now().toUTC(),
+                                      state.CompositionTypeNames[state.CompositionTypeNumber],
+                                      m_letter ? state.LetterHeading : state.CompositionHeading,
+                                      sd::CountWords(m_letter ? state.LetterText : state.CompositionText), path});
 }
 
 void CompositionEditor::quit()

@@ -3,6 +3,7 @@
 #include "core/composition.h"
 #include "core/samples.h"
 
+#include "frame/core/history.h"
 #include "frame/core/state.h"
 #include "frame/core/verdicts.h"
 #include "frame/printing.h"
@@ -107,6 +108,10 @@ void compsamples::score(int studentScore)
         m_ticks[comment.verdict - 1]->show();
         lblVerdict->setText(QStringLiteral("Examiner: ") + QString::fromLatin1(ScoreNames[comment.verdict - 1]));
         PlaySound(state, sampleSoundIndex(state.StudentScore, state.ExaminerScore));
+        const auto name = [](int score) { return QString::fromLatin1(ScoreNames[score - 1]).toLower(); };
+        state.History->recordGrading({state.Time.now().toUTC(),
+                                      sampleFileName(state.CompositionType, state.SampleNumber).chopped(4),
+                                      name(state.StudentScore), name(state.ExaminerScore)});
     }
     state.SampleScored = true;
 }

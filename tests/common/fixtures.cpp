@@ -1,6 +1,7 @@
 #include "fixtures.h"
 
 #include "frame/registry.h"
+#include "progress/registry.h"
 #include "reading/registry.h"
 #include "useofenglish/registry.h"
 #include "writing/registry.h"
@@ -79,6 +80,7 @@ App::App(const QString &dataDir) : state(sound, seeds), nav(state)
     registerUseOfEnglishScreens(nav);
     registerWritingScreens(nav);
     registerTestPaperScreens(nav);
+    registerProgressScreens(nav);
     nav.open(QStringLiteral("Introback"));
     nav.open(QStringLiteral("Intro"));
     settle();
@@ -225,7 +227,7 @@ QJsonObject ScriptRun::control(const QString &screenName, const QString &control
     return {};
 }
 
-ScriptRun runScript(const QString &dataDir, const QString &script, const QStringList &extraArgs)
+ScriptRun runScript(const QString &dataDir, const QString &script, const QStringList &extraArgs, const QString &home)
 {
     QTemporaryDir tmp;
     const QString scriptPath = tmp.filePath(QStringLiteral("script.txt"));
@@ -241,7 +243,7 @@ ScriptRun runScript(const QString &dataDir, const QString &script, const QString
     // The student's own folders stay untouched: settings, drafts and history go to the run's folder.
     QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
     for (const char *var : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_STATE_HOME", "HOME"})
-        env.insert(QString::fromLatin1(var), tmp.path());
+        env.insert(QString::fromLatin1(var), home.isEmpty() ? tmp.path() : home);
     p.setProcessEnvironment(env);
     p.start();
     ScriptRun run;

@@ -4,6 +4,10 @@
 
 #include "../useofenglish/gapfixtures.h"
 
+#include "progress/core/sqlhistory.h"
+
+#include "progress/core/sqlhistory.h"
+
 #include <QJsonArray>
 
 using namespace sd;
@@ -50,6 +54,8 @@ private Q_SLOTS:
 
     void answersKeptPerSectionAndDoneMarks()
     {
+        QTemporaryDir folder;
+        app->state.History = std::make_unique<SqlHistory>(folder.filePath(u"history.sqlite"_s), [] { return QDateTime(); });
         openTest(1);
         QVERIFY(!shows(*app, u"imgDone1"_s));
         openSection(1, u"ueca"_s);
@@ -78,8 +84,10 @@ private Q_SLOTS:
         QCOMPARE(app->text(u"lblScore3"_s), u"Not done"_s);
         QCOMPARE(app->text(u"lblPercent"_s), u"10%"_s);
         QVERIFY(soundsPlayed(*app).isEmpty()); // the verdict sounds only when every section is done
-        QCOMPARE(app->state.FinishedTests.size(), 1);
-        QCOMPARE(app->state.FinishedTests.last().percent, 10);
+        const ProgressSummary kept = app->state.History->summary();
+        QCOMPARE(kept.tests.size(), 1);
+        QCOMPARE(kept.tests.last().percent, std::optional<int>(10));
+        QCOMPARE(kept.tests.last().sectionsDone, 2);
         app->click(u"Quit"_s);
 
         // Reviewing: the section shows the answers against the keys and the marks.
@@ -179,6 +187,25 @@ private Q_SLOTS:
         QCOMPARE(app->text(u"txtTitle"_s), u"3"_s);
         QCOMPARE(app->text(u"Text2"_s), u"It was a dark night."_s);
         app->click(u"Quit"_s);
+
+        // Saving both parts keeps the test and its two compositions in the history, once.
+        QTemporaryDir home;
+        app->state.History = std::make_unique<SqlHistory>(home.filePath(u"history.sqlite"_s),
+                                                          [this] { return app->state.Time.now(); });
+        auto *dialog = static_cast<QueuedSaveDialog *>(app->state.SaveAs.get());
+        dialog->answers = {home.filePath(u"answers"_s), home.filePath(u"again.txt"_s)};
+        app->click(u"Save"_s);
+        QCOMPARE(app->text(u"Text1"_s), u"Dear Jamie, yes, count me in!"_s);
+        app->click(u"Savetext"_s);
+        app->click(u"Savetext"_s);
+        QVERIFY(QFileInfo::exists(home.filePath(u"answers.txt"_s)));
+        const ProgressSummary summary = app->state.History->summary();
+        QCOMPARE(summary.tests.size(), 1);
+        QVERIFY(!summary.tests.first().percent.has_value());
+        QCOMPARE(summary.compositions.size(), 4);
+        QCOMPARE(summary.compositions.first().words, 5);
+        app->click(u"Quit"_s);
+
         app->click(u"Quit"_s);
         QCOMPARE(app->text(u"Label1"_s), u"Are you sure you want to exit this test?\n(Your answers will be eliminated.)"_s);
         app->click(u"imgQuit"_s);

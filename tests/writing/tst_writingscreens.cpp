@@ -5,6 +5,7 @@
 #include "writingdata.h"
 
 #include "frame/core/printerdevice.h"
+#include "progress/core/sqlhistory.h"
 #include "writing/core/drafts.h"
 
 #include <QBuffer>
@@ -226,6 +227,9 @@ private Q_SLOTS:
     void scoringSamples()
     {
         App app(dir.path());
+        QTemporaryDir home;
+        app.state.History = std::make_unique<SqlHistory>(home.filePath(u"history.sqlite"_s),
+                                                         [&app] { return app.state.Time.now(); });
         openTitles(app, u"lblnar"_s);
         app.click(u"Help"_s);
         QCOMPARE(app.topCode(), u"infocomp"_s);
@@ -252,6 +256,10 @@ private Q_SLOTS:
         app.click(u"Following"_s);
         app.click(u"Following"_s);
         QCOMPARE(clips(app.sound), (QStringList{u"ohdear.wav"_s, u"chord.wav"_s, u"start.wav"_s}));
+        // Each scored sample counts once in the agreement with the examiner: neither agreed.
+        const ProgressSummary summary = app.state.History->summary();
+        QCOMPARE(summary.gradingsCounted, 2);
+        QCOMPARE(summary.gradingsAgreed, 0);
         app.click(u"Quit"_s);
         app.click(u"Quit"_s);
         QVERIFY(!app.state.SamplesFlag);

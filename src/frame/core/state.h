@@ -2,6 +2,7 @@
 
 #include "checked.h"
 #include "datafiles.h"
+#include "history.h"
 #include "minuteclock.h"
 #include "printerdevice.h"
 #include "programtime.h"
@@ -107,8 +108,6 @@ struct ProgramState
     bool TestScored = false;
     bool ShowSectionAnswers = false;
     Array<Array<QString, 0, 20>, 0, 10> SavedAnswer;
-    /// Every test whose final score was shown in this run, oldest first.
-    QList<TestRecord> FinishedTests;
 
     // Writing: the composition type chosen (CompositionIndex 22..28 selects its help topic, 41..47
     // in the samples), the screen mode and the samples flag.
@@ -139,6 +138,8 @@ struct ProgramState
     std::unique_ptr<SaveDialog> SaveAs = std::make_unique<QueuedSaveDialog>();
     // The calendar and short delays (draft saves): real, or fake in scripts and tests.
     ProgramTime Time;
+    // The student's history: keeps nothing until start-up (or a test) sets the real one.
+    std::unique_ptr<StudentHistory> History = std::make_unique<NoHistory>();
 
     /// Section number of a kind within its paper.
     static int sectionOfKind(int kind);
