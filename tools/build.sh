@@ -10,7 +10,7 @@ set -euo pipefail
 here="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
 cd "$here"
 
-packages=(cmake ninja-build g++ qt6-base-dev qt6-multimedia-dev qt6-svg-dev libqt6sql6-sqlite libgl-dev
+packages=(cmake ninja-build g++ qt6-base-dev qt6-multimedia-dev qt6-svg-dev qt6-charts-dev libqt6opengl6-dev libqt6sql6-sqlite libgl-dev
           fonts-dejavu-core fonts-liberation poppler-utils unrtf)
 # The tests also check the installed tree and the package.
 test_packages=(desktop-file-utils appstream man-db file dpkg-dev lintian)

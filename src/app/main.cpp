@@ -3,18 +3,24 @@
 #include "frame/core/settings.h"
 #include "frame/core/state.h"
 #include "frame/navigator.h"
+#include "frame/exercisescreen.h"
 #include "frame/printerqt.h"
 #include "frame/qtsound.h"
 #include "frame/registry.h"
 #include "reading/registry.h"
+#include "progress/core/pausedtest.h"
+#include "progress/core/sqlhistory.h"
+#include "progress/registry.h"
 #include "scriptrunner.h"
 #include "testpapers/registry.h"
 #include "useofenglish/registry.h"
+#include "writing/registry.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFileInfo>
+#include <QSaveFile>
 #include <QSettings>
 #include <QTextStream>
 
@@ -53,6 +59,32 @@ bool argumentGiven(int argc, char **argv, const char *name)
     return false;
 }
 
+/// --export-history FILE: the student's whole history as CSV, written safely (a failed export
+/// leaves an older FILE as it was).
+int exportHistory(const QString &path)
+{
+    sd::SqlHistory history(sd::SqlHistory::defaultPath(), [] { return QDateTime::currentDateTimeUtc(); });
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || !history.exportCsv(file) || !file.commit()) {
+        const QString reason = file.error() != QFileDevice::NoError ? file.errorString() : history.problem();
+        std::fprintf(stderr, "studydesk: the history could not be exported to %s: %s\n", qPrintable(path),
+                     qPrintable(reason));
+        return 1;
+    }
+    return 0;
+}
+
+/// On the way out, a test under way is kept, with the answers of the section that is open.
+void keepTestOnClosing(sd::ProgramState &state, sd::Navigator &nav)
+{
+    if (!sd::TestInHand(state))
+        return;
+    for (sd::ui::Screen *screen : nav.showing())
+        if (auto *section = dynamic_cast<sd::ExerciseScreen *>(screen))
+            section->keepTestAnswers();
+    sd::KeepTestInHand(state);
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -68,7 +100,7 @@ int main(int argc, char **argv)
     // --help and --version answer without a display, as on any command-line program.
     std::unique_ptr<QCoreApplication> app;
     if (argumentGiven(argc, argv, "--help") || argumentGiven(argc, argv, "-h") || argumentGiven(argc, argv, "--version")
-        || argumentGiven(argc, argv, "-v"))
+        || argumentGiven(argc, argv, "-v") || argumentGiven(argc, argv, "--export-history"))
         app = std::make_unique<QCoreApplication>(argc, argv);
     else
         app = std::make_unique<QApplication>(argc, argv);
@@ -90,7 +122,7 @@ int main(int argc, char **argv)
                                      QStringLiteral("Read exercises from DIR instead of the bundled data."),
                                      QStringLiteral("DIR"));
     const QCommandLineOption script(QStringLiteral("script"),
-                                    QStringLiteral("Run the automation script FILE and print events as JSON lines."),
+                                    QStringLiteral("Run the automation script FILE (\"-\": lines from standard input as they come) and print events as JSON lines."),
                                     QStringLiteral("FILE"));
     const QCommandLineOption show(QStringLiteral("show"), QStringLiteral("Show the window while a script runs."));
     const QCommandLineOption printTo(QStringLiteral("print-to"),
@@ -99,8 +131,13 @@ int main(int argc, char **argv)
                                      QStringLiteral("FILE"));
     const QCommandLineOption size(QStringLiteral("size"), QStringLiteral("Open the main window at WIDTHxHEIGHT pixels."),
                                   QStringLiteral("WxH"));
-    parser.addOptions({dataDir, script, show, printTo, size});
+    const QCommandLineOption exportTo(QStringLiteral("export-history"),
+                                      QStringLiteral("Write the student's whole history to FILE as CSV, and exit."),
+                                      QStringLiteral("FILE"));
+    parser.addOptions({dataDir, script, show, printTo, size, exportTo});
     parser.process(*app);
+    if (parser.isSet(exportTo))
+        return exportHistory(parser.value(exportTo));
 
     const QString start = startDirectory(parser.value(dataDir));
     if (!QFileInfo(start).isDir()) {
@@ -129,12 +166,18 @@ int main(int argc, char **argv)
         sd::StudentSettings::load(store).applyTo(state);
     }
     state.Clock.setAutomatic(!scripted);
+    state.Time.setFake(scripted);
+    // Opened on the first record or query, never at start-up.
+    state.History = std::make_unique<sd::SqlHistory>(sd::SqlHistory::defaultPath(), [&state] { return state.Time.now(); });
 
     sd::Navigator nav(state);
     sd::registerFrameScreens(nav);
     sd::registerReadingScreens(nav);
     sd::registerUseOfEnglishScreens(nav);
+    sd::registerWritingScreens(nav);
     sd::registerTestPaperScreens(nav);
+    sd::registerProgressScreens(nav);
+    QObject::connect(app.get(), &QCoreApplication::aboutToQuit, &nav, [&state, &nav] { keepTestOnClosing(state, nav); });
 
     std::unique_ptr<sd::ScriptRunner> runner;
     if (scripted) {

@@ -20,9 +20,13 @@
 #include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QTextEdit>
+#include <QSocketNotifier>
 #include <QTimer>
 
+#include <unistd.h>
+
 #include <optional>
+#include <utility>
 
 namespace sd {
 
@@ -155,6 +159,12 @@ void ScriptRunner::reportPrint(const QString &file, int pages)
 
 bool ScriptRunner::loadFile(const QString &path, QString *error)
 {
+    if (path == u"-") {
+        m_fromInput = true;
+        auto *notifier = new QSocketNotifier(STDIN_FILENO, QSocketNotifier::Read, this);
+        connect(notifier, &QSocketNotifier::activated, this, &ScriptRunner::readInput);
+        return true;
+    }
     QFile f(path);
     if (!f.open(QIODevice::ReadOnly | QIODevice::Text)) {
         *error = QStringLiteral("cannot read script %1").arg(path);
@@ -162,6 +172,30 @@ bool ScriptRunner::loadFile(const QString &path, QString *error)
     }
     m_lines = QString::fromUtf8(f.readAll()).split(u'\n');
     return true;
+}
+
+void ScriptRunner::readInput()
+{
+    char buffer[4096];
+    const ssize_t n = ::read(STDIN_FILENO, buffer, sizeof buffer);
+    if (n <= 0) {
+        m_inputEnded = true;
+        if (auto *notifier = findChild<QSocketNotifier *>())
+            notifier->setEnabled(false);
+        if (!m_partial.isEmpty())
+            m_lines.append(QString::fromUtf8(std::exchange(m_partial, {})));
+    } else {
+        m_partial.append(buffer, n);
+        qsizetype eol;
+        while ((eol = m_partial.indexOf('\n')) >= 0) {
+            m_lines.append(QString::fromUtf8(m_partial.left(eol)));
+            m_partial.remove(0, eol + 1);
+        }
+    }
+    if (m_waiting) {
+        m_waiting = false;
+        QTimer::singleShot(0, this, &ScriptRunner::next);
+    }
 }
 
 void ScriptRunner::start()
@@ -188,6 +222,10 @@ void ScriptRunner::next()
         settle();
         if (!m_done)
             QTimer::singleShot(0, this, &ScriptRunner::next);
+        return;
+    }
+    if (m_fromInput && !m_inputEnded && !m_done) {
+        m_waiting = true;
         return;
     }
     if (!m_done) {
@@ -383,6 +421,7 @@ void ScriptRunner::run(const QString &line)
             return fail(QStringLiteral("wait needs a number of milliseconds"));
         m_time.advance(ms);
         m_state.Clock.advance(ms);
+        m_state.Time.advance(ms);
     } else if (cmd == u"dump") {
         QJsonArray screens;
         for (ui::Screen *s : m_nav.showing())

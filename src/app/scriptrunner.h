@@ -38,6 +38,8 @@ class ScriptRunner : public QObject
 
 public:
     ScriptRunner(ProgramState &state, Navigator &nav, FakeSeedSource &time, QTextStream &out);
+    /// Reads the script FILE; "-" reads lines from standard input as they come, so that a test can
+    /// hold the program at a point of its choosing (and kill it there).
     bool loadFile(const QString &path, QString *error);
     void setLines(const QStringList &lines) { m_lines = lines; }
     /// Starts after the event loop has begun; ends the application with 0, or 2 on an error.
@@ -54,6 +56,7 @@ public:
 
 private:
     void next();
+    void readInput();
     void run(const QString &line);
     void fail(const QString &message);
     QWidget *control(const QString &name);
@@ -69,6 +72,10 @@ private:
     QStringList m_lines;
     int m_lineNo = 0;
     bool m_done = false;
+    bool m_fromInput = false;  ///< lines come from standard input
+    bool m_inputEnded = false;
+    bool m_waiting = false;    ///< every line so far has run; more may come
+    QByteArray m_partial;      ///< the start of a line not ended yet
     QPointer<QWidget> m_hovered;
 };
 

@@ -54,7 +54,8 @@ void AppScreen::keyPressEvent(QKeyEvent *e)
         if (clickButton({QStringLiteral("Help")}))
             return;
     } else if (ctrl && e->key() == Qt::Key_P) {
-        if (clickButton({QStringLiteral("Printing")}))
+        if (clickButton({QStringLiteral("Printing"), QStringLiteral("Printtext"), QStringLiteral("Printlist"),
+                         QStringLiteral("imgPrintout")}))
             return;
     } else if (ctrl && (e->key() == Qt::Key_Plus || e->key() == Qt::Key_Equal)) {
         step = std::min(step + 1, StudentSettings::LargestTextStep);

@@ -6,6 +6,8 @@
 
 #include <QMouseEvent>
 
+#include <algorithm>
+
 namespace sd {
 
 ExerciseScreen::ExerciseScreen(const QString &code, ProgramState &s, Navigator &nav, int kind)
@@ -79,6 +81,8 @@ void ExerciseScreen::runLoad()
 {
     m_loading = true;
     m_loadFailed = false;
+    m_checkRecorded = false;
+    m_openedAt = state.Time.now();
     guarded([this] { load(); });
     m_loading = false;
     ResetButtons();
@@ -182,6 +186,23 @@ bool ExerciseScreen::eventFilter(QObject *watched, QEvent *e)
         return true;
     }
     return AppScreen::eventFilter(watched, e);
+}
+
+void ExerciseScreen::recordFirstCheck(double score, double max, const QList<AnswerRecord> &answers)
+{
+    if (state.TestMode || m_checkRecorded || m_loadFailed)
+        return;
+    m_checkRecorded = true;
+    AttemptRecord a;
+    a.finishedAt = state.Time.now();
+    a.kind = m_kind;
+    a.level = state.LevelCode.toInt();
+    a.exercise = QString::number(a.level * 100 + state.ExerciseCode.toInt());
+    a.score = score;
+    a.max = max;
+    a.seconds = int(std::max<qint64>(0, m_openedAt.secsTo(a.finishedAt)));
+    a.answers = answers;
+    state.History->recordAttempt(a);
 }
 
 void ExerciseScreen::onPrint()

@@ -34,6 +34,13 @@ public:
     /// A code that begins with "0" loses that one character ("05" -> "5", "10" stays).
     static QString dropLeadingZero(const QString &code);
 
+    /// Puts the first check of this run of a practice exercise in the student's history; later
+    /// checks of the run ("Try again") add nothing. Never in a test: a test is recorded whole.
+    void recordFirstCheck(double score, double max, const QList<AnswerRecord> &answers);
+    /// A test section puts what is typed into the test's answer store, so that the test can be
+    /// kept as it stands (the program is closing). Nothing is scored or marked done.
+    virtual void keepTestAnswers() {}
+
 protected:
     virtual void load() = 0;
     virtual void onCheck() {}
@@ -87,6 +94,8 @@ private:
     bool m_loading = false;
     bool m_shownOnce = false;
     bool m_loadFailed = false;
+    bool m_checkRecorded = false;
+    QDateTime m_openedAt;
 };
 
 } // namespace sd

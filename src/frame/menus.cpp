@@ -10,6 +10,7 @@
 #include <QSlider>
 
 #include <algorithm>
+#include <cmath>
 
 namespace sd {
 
@@ -48,18 +49,19 @@ Intro::Intro(ProgramState &s, Navigator &nav) : AppScreen(QStringLiteral("Intro"
              QRect(212, 290, 600, 30), 14, false, Qt::AlignCenter);
 
     const Qt::Alignment c = Qt::AlignCenter;
-    ui::MenuLabel *prog = addMenuLabel(QStringLiteral("lblAboutprog"), QStringLiteral("about the program"),
-                                       QRect(362, 370, 300, 44), 18, c);
-    ui::MenuLabel *about = addMenuLabel(QStringLiteral("lblAbout"), QStringLiteral("about the exam"),
-                                        QRect(362, 430, 300, 44), 18, c);
-    ui::MenuLabel *prac = addMenuLabel(QStringLiteral("lblPrac"), QStringLiteral("practice exercises"),
-                                       QRect(362, 490, 300, 44), 18, c);
-    ui::MenuLabel *test = addMenuLabel(QStringLiteral("lblTest"), QStringLiteral("test papers"),
-                                       QRect(362, 550, 300, 44), 18, c);
-    ui::MenuLabel *settings = addMenuLabel(QStringLiteral("lblSettings"), QStringLiteral("settings"),
-                                           QRect(362, 610, 300, 44), 18, c);
-    ui::MenuLabel *exit = addMenuLabel(QStringLiteral("lblExit"), QStringLiteral("exit"), QRect(362, 670, 300, 44), 18, c);
+    const auto entry = [](int n) { return QRect(362, 336 + n * 54, 300, 44); };
+    ui::MenuLabel *prog = addMenuLabel(QStringLiteral("lblAboutprog"), QStringLiteral("about the program"), entry(0), 18, c);
+    ui::MenuLabel *about = addMenuLabel(QStringLiteral("lblAbout"), QStringLiteral("about the exam"), entry(1), 18, c);
+    ui::MenuLabel *prac = addMenuLabel(QStringLiteral("lblPrac"), QStringLiteral("practice exercises"), entry(2), 18, c);
+    ui::MenuLabel *test = addMenuLabel(QStringLiteral("lblTest"), QStringLiteral("test papers"), entry(3), 18, c);
+    ui::MenuLabel *progress = addMenuLabel(QStringLiteral("lblProgress"), QStringLiteral("my progress"), entry(4), 18, c);
+    ui::MenuLabel *settings = addMenuLabel(QStringLiteral("lblSettings"), QStringLiteral("settings"), entry(5), 18, c);
+    ui::MenuLabel *exit = addMenuLabel(QStringLiteral("lblExit"), QStringLiteral("exit"), entry(6), 18, c);
     onClick(settings, [this] { this->nav().open(QStringLiteral("Settings")); });
+    onClick(progress, [this] {
+        if (this->nav().isRegistered(QStringLiteral("Progress")))
+            this->nav().open(QStringLiteral("Progress"));
+    });
     onClick(exit, [] { QCoreApplication::quit(); });
 
     onClick(about, [this] { openHelp(QStringLiteral("helpgen")); });
@@ -120,7 +122,7 @@ Practype::Practype(ProgramState &s, Navigator &nav) : AppScreen(QStringLiteral("
     onClick(back, [this] { closeScreen(); });
 }
 
-void Practype::choose(int kind)
+void ChoosePracticeKind(ProgramState &state, int kind)
 {
     state.ExerciseKind = kind;
     if (kind == 5) {
@@ -134,13 +136,60 @@ void Practype::choose(int kind)
         state.DataDir = state.UseOfEnglishDir;
     }
     SelectDataFile(state, kind);
-    QString next = QStringLiteral("Pracchoice");
-    if (kind == 8)
-        next = QStringLiteral("uescchoice");
-    else if (kind == 10)
-        next = QStringLiteral("uewbchoice");
-    else if (kind == 5)
-        next = QStringLiteral("compoption");
+}
+
+QString practiceMenuScreen(int kind)
+{
+    return kind == 8    ? QStringLiteral("uescchoice")
+           : kind == 10 ? QStringLiteral("uewbchoice")
+           : kind == 5  ? QStringLiteral("compoption")
+                        : QStringLiteral("Pracchoice");
+}
+
+QRect exerciseCaptionRect(int n)
+{
+    return QRect(500 + ((n - 1) / 5) * 250, 180 + ((n - 1) % 5) * 60, 170, 44);
+}
+
+void BestScoreMarks::add(ui::Screen *screen, const QList<QRect> &captions)
+{
+    for (int n = 1; n <= captions.size(); ++n) {
+        const QRect c = captions.at(n - 1);
+        QLabel *l = screen->addLabel(QStringLiteral("lblBest%1").arg(n), QString(), QRect(c.right() + 4, c.y(), 70, c.height()),
+                                     13, false, Qt::AlignLeft | Qt::AlignVCenter);
+        m_labels.append(l);
+    }
+}
+
+QString BestScoreMarks::markText(double score, double max)
+{
+    const auto number = [](double v) { return QString::number(v, 'g', v == std::floor(v) ? 6 : 3); };
+    return number(score) + u'/' + number(max);
+}
+
+void BestScoreMarks::show(ProgramState &state, int kind, int level)
+{
+    const QMap<int, BestScore> best = state.History->bestScores(kind, level);
+    for (int n = 1; n <= m_labels.size(); ++n) {
+        QLabel *l = m_labels.at(n - 1);
+        const auto it = best.constFind(n);
+        if (it == best.constEnd()) {
+            l->setText(QStringLiteral("new"));
+            l->setAccessibleName(QStringLiteral("Exercise %1 not done yet").arg(n));
+        } else {
+            l->setText(markText(it->score, it->max));
+            l->setAccessibleName(QStringLiteral("Exercise %1, best score %2 out of %3")
+                                     .arg(n)
+                                     .arg(it->score)
+                                     .arg(it->max));
+        }
+    }
+}
+
+void Practype::choose(int kind)
+{
+    ChoosePracticeKind(state, kind);
+    const QString next = practiceMenuScreen(kind);
     if (!nav().isRegistered(next)) {
         showNotAvailable(nav(), state, state.KindNames[kind] + QStringLiteral(" exercises"));
         return;
@@ -169,11 +218,14 @@ Pracchoice::Pracchoice(ProgramState &s, Navigator &nav) : AppScreen(QStringLiter
         onClick(l, [this, level] { chooseLevel(level); });
         m_levels.append(l);
     }
+    QList<QRect> captions;
     for (int n = 1; n <= 10; ++n) {
-        const QRect r(520 + ((n - 1) / 5) * 220, 180 + ((n - 1) % 5) * 60, 200, 44);
+        const QRect r = exerciseCaptionRect(n);
         ui::MenuLabel *l = addMenuLabel(QStringLiteral("lblEx%1").arg(n), QStringLiteral(" Exercise %1").arg(n), r, 16);
         onClick(l, [this, n] { chooseExercise(n); });
+        captions.append(r);
     }
+    m_marks.add(this, captions);
     ui::ImageButton *back = addButton(QStringLiteral("Back"), QStringLiteral("back"), QRect(486, 650, 52, 52),
                                       QStringLiteral("lblBack"), QStringLiteral("Back"));
     onClick(back, [this] { closeScreen(); });
@@ -187,6 +239,19 @@ Pracchoice::Pracchoice(ProgramState &s, Navigator &nav) : AppScreen(QStringLiter
     m_code->hide();
     s.HoverIndex = 0;
     showChosenLevel();
+}
+
+void Pracchoice::showEvent(QShowEvent *e)
+{
+    // Back from an exercise: its score may be the best now.
+    m_marks.show(state, state.ExerciseKind, state.LevelCode.toInt());
+    AppScreen::showEvent(e);
+}
+
+void Pracchoice::openExercise(int level, int exercise)
+{
+    chooseLevel(level);
+    chooseExercise(exercise);
 }
 
 void Pracchoice::showChosenLevel()
@@ -205,6 +270,7 @@ void Pracchoice::chooseLevel(int level)
     state.ExerciseCode = QStringLiteral("0");
     m_code->setText(state.ExerciseCode);
     showChosenLevel();
+    m_marks.show(state, state.ExerciseKind, level);
 }
 
 void Pracchoice::chooseExercise(int n)

@@ -41,19 +41,57 @@ private:
     void choose(int kind);
 };
 
+/// A level-and-exercise menu that another screen (the mistakes list) can drive.
+class ExerciseMenu
+{
+public:
+    virtual ~ExerciseMenu() = default;
+    /// Chooses the level, then the exercise, as the student would.
+    virtual void openExercise(int level, int exercise) = 0;
+};
+
+/// The marks beside "Exercise 1" to "Exercise 10" of a level menu: `lblBest1`..`lblBest10` with
+/// the best score so far ("7/10") or "new" for an exercise not yet done.
+class BestScoreMarks
+{
+public:
+    /// Adds the labels to the right of the exercise captions at `captions`.
+    void add(ui::Screen *screen, const QList<QRect> &captions);
+    /// Shows the level's best scores, asked of the history in one query.
+    void show(ProgramState &state, int kind, int level);
+    /// "7/10", "6.5/10"
+    static QString markText(double score, double max);
+
+private:
+    QList<QLabel *> m_labels;
+};
+
+/// Where the exercise captions of a level menu lie: two columns of five.
+QRect exerciseCaptionRect(int n);
+/// Sets the paper, data directory and data file of a practice kind, as choosing it on `Practype` does.
+void ChoosePracticeKind(ProgramState &state, int kind);
+/// The level-and-exercise menu of a practice kind.
+QString practiceMenuScreen(int kind);
+
 /// Choose level and exercise; finds the exercise's record and opens its screen.
-class Pracchoice : public AppScreen
+class Pracchoice : public AppScreen, public ExerciseMenu
 {
     Q_OBJECT
 public:
     Pracchoice(ProgramState &state, Navigator &nav);
     /// Screen code of each kind's exercise screen.
     static QString exerciseScreen(int kind);
+    void openExercise(int level, int exercise) override;
+
+protected:
+    void showEvent(QShowEvent *e) override;
 
 private:
     void chooseLevel(int level);
     void chooseExercise(int n);
     void showChosenLevel();
+
+    BestScoreMarks m_marks;
 
     QList<ui::MenuLabel *> m_levels;
     QLabel *m_code = nullptr;

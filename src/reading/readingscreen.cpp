@@ -231,6 +231,12 @@ void ReadingScreen::takeAnswers()
     }
 }
 
+void ReadingScreen::keepTestAnswers()
+{
+    if (state.TestMode && !state.TestScored && !loadFailed())
+        takeAnswers();
+}
+
 void ReadingScreen::onCheck()
 {
     if (loadFailed())
@@ -240,6 +246,11 @@ void ReadingScreen::onCheck()
     if (state.TestMode)
         return;
     nav().openModal(readingCheckScreenCode(kind()), [&s = state] { s.LastExerciseScore = s.Score; });
+    // The check window has scored the answers.
+    QList<AnswerRecord> answers;
+    for (int i = 1; i <= std::min(questionCount(), boxCount()); ++i)
+        answers.append({i, box(i)->text(), m_keys.at(i - 1), state.ReadingResults.at(kind(), i)});
+    recordFirstCheck(state.Score, state.QuestionCount, answers);
 }
 
 void ReadingScreen::onHelp()

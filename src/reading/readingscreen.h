@@ -41,6 +41,7 @@ public:
     void hideScoreAndAnswers() override;
     void showScoreLine() override;
     void takeAnswers() override;
+    void keepTestAnswers() override;
 
     int questionCount() const { return int(m_keys.size()); }
     /// Points available: one per key letter.

@@ -30,7 +30,7 @@ Examscore::Examscore(ProgramState &s, Navigator &nav) : AppScreen(QStringLiteral
     addPicture(QStringLiteral("imgVerdict"), QStringLiteral("verdict%1").arg(int(s.VerdictIndex)), QRect(150, 420, 100, 100));
     addLabel(QStringLiteral("lblVerdict"), s.VerdictTexts[s.VerdictIndex], QRect(270, 440, 600, 60), 18, true);
     if (!score.allDone)
-        addLabel(QStringLiteral("lblNotAll"), QStringLiteral("(Sections not done count for nothing.)"),
+        addLabel(QStringLiteral("lblNotAll"), QStringLiteral("(Sections not done are left out of the score.)"),
                  QRect(270, 500, 600, 30), 12);
 
     ui::ImageButton *quit = addButton(QStringLiteral("Quit"), QStringLiteral("back"), QRect(486, 590, 52, 52),
@@ -54,6 +54,8 @@ Examexit::Examexit(ProgramState &s, Navigator &nav) : AppScreen(QStringLiteral("
                                        QStringLiteral("lblAgain"), QStringLiteral("Return to test"), QRect(294, 204, 140, 40));
     onClick(exit, [this] {
         ClearTest(state);
+        state.TestNumber = 0;
+        state.History->dropPausedTest(state.PaperIndex);
         // Back to the test menu: the question, the score screen and the section menu all close.
         Navigator &n = this->nav();
         closeScreen();

@@ -3,6 +3,7 @@
 #include "core/testpaper.h"
 #include "frame/core/state.h"
 #include "frame/menus.h"
+#include "progress/core/pausedtest.h"
 #include "useofenglish/core/itemrun.h"
 
 #include <QEvent>
@@ -44,7 +45,43 @@ void Examtype::choose(int paper)
     if (paper == WritingPaper)
         SelectDataFile(state, 5);
     state.TestNumber = 0;
+    if (const std::optional<PausedTest> kept = state.History->pausedTest(paper)) {
+        state.MessageText = ContinueQuestion(*kept);
+        nav().openModal(QStringLiteral("continuetest"));
+        return;
+    }
     nav().open(QStringLiteral("Examnumber"));
+}
+
+continuetest::continuetest(ProgramState &s, Navigator &nav) : AppScreen(QStringLiteral("continuetest"), s, nav)
+{
+    setDesignSize(QSize(460, 250));
+    setWindowTitle(QStringLiteral("StudyDesk"));
+    addLabel(QStringLiteral("lblMessage"), s.MessageText, QRect(20, 20, 420, 100), 15, true, Qt::AlignCenter);
+    ui::ImageButton *cont = addButton(QStringLiteral("Continue"), QStringLiteral("continue"), QRect(110, 134, 52, 52),
+                                      QStringLiteral("lblContinue"), QStringLiteral("Continue"), QRect(56, 190, 160, 40));
+    ui::ImageButton *again = addButton(QStringLiteral("Startagain"), QStringLiteral("tryagain"), QRect(298, 134, 52, 52),
+                                       QStringLiteral("lblStartagain"), QStringLiteral("Start again"),
+                                       QRect(244, 190, 160, 40));
+    onClick(cont, [this] {
+        const std::optional<PausedTest> kept = state.History->pausedTest(state.PaperIndex);
+        Navigator &n = this->nav();
+        closeScreen();
+        n.open(QStringLiteral("Examnumber"));
+        if (!kept)
+            return;
+        StartTest(state, kept->test);
+        // A kept test that cannot be read starts afresh rather than half restored.
+        if (!RestoreTestState(state, kept->state))
+            StartTest(state, kept->test);
+        n.open(QStringLiteral("Examsection"));
+    });
+    onClick(again, [this] {
+        state.History->dropPausedTest(state.PaperIndex);
+        Navigator &n = this->nav();
+        closeScreen();
+        n.open(QStringLiteral("Examnumber"));
+    });
 }
 
 Examnumber::Examnumber(ProgramState &s, Navigator &nav) : AppScreen(QStringLiteral("Examnumber"), s, nav)
@@ -102,9 +139,14 @@ Examsection::Examsection(ProgramState &s, Navigator &nav) : AppScreen(QStringLit
     m_saveHint->hide();
     m_save->setAccessibleDescription(m_saveHint->text().trimmed());
     m_save->installEventFilter(this);
-    onClick(m_save, [this] { this->nav().open(QStringLiteral("Examsave")); });
+    onClick(m_save, [this] {
+        state.SectionIndex = 0;
+        this->nav().open(QStringLiteral("Examsave"));
+    });
     ui::ImageButton *quit = closeButton(this, QRect(686, 590, 52, 52));
     onClick(quit, [this] { this->nav().openModal(QStringLiteral("Examexit")); });
+    // The test is kept as it goes: a program closed or killed in the middle of it loses at most a minute.
+    connect(&s.Clock, &MinuteClock::ticked, this, [this] { KeepTestInHand(state); });
 
     const bool writing = s.PaperIndex == WritingPaper;
     check->setVisible(!writing);
@@ -133,6 +175,7 @@ bool Examsection::eventFilter(QObject *watched, QEvent *e)
 
 void Examsection::refresh()
 {
+    KeepTestInHand(state);
     if (state.PaperIndex == WritingPaper) {
         m_instruct->setText(QStringLiteral("SELECT PART 1 OR PART 2"));
         m_move->setText(QStringLiteral("(You can move backwards and forwards between parts.)"));
@@ -176,12 +219,16 @@ void Examsection::openSection(int section)
 
 void Examsection::openWritingPart(int section)
 {
-    const QString screen = section == 2 ? QStringLiteral("writetheleta") : QStringLiteral("writethecomp");
-    if (!nav().isRegistered(screen)) {
-        showNotAvailable(nav(), state, QStringLiteral("Writing test papers"));
+    // Part 1 is the letter beside its sheet, Part 2 a composition beside the test's questions.
+    state.TestLetterSheet = QStringLiteral("compx") + state.LevelCode;
+    state.TestQuestionFile = state.TestLetterSheet + QStringLiteral("b.rtf");
+    ui::Screen *editor = nav().open(section == 2 ? QStringLiteral("writetheleta") : QStringLiteral("writethecomp"));
+    if (!editor)
         return;
-    }
-    nav().open(screen);
+    connect(editor, &QObject::destroyed, this, [this, section] {
+        state.SectionDone[section] = true;
+        refresh();
+    });
 }
 
 void Examsection::seeFinalScore()
@@ -189,7 +236,9 @@ void Examsection::seeFinalScore()
     if (!state.TestScored) {
         state.Clock.stop();
         const TestScore score = ComputeTestScore(state);
-        state.FinishedTests.append(FinishedTestRecord(state, score));
+        const TestRecord record = FinishedTestRecord(state, score);
+        state.History->recordTest(record, state.PaperIndex == WritingPaper ? QString() : state.VerdictTexts[record.verdict],
+                                  SectionAttempts(record));
     }
     state.TestScored = true;
     state.ShowSectionAnswers = true;

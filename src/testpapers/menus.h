@@ -17,6 +17,15 @@ private:
     void choose(int paper);
 };
 
+/// The question offered when a paper with a kept, unfinished test is chosen: MessageText
+/// ("Continue Test 3 (32 minutes used)?") in `lblMessage`, `Continue` and `Startagain`.
+class continuetest : public AppScreen
+{
+    Q_OBJECT
+public:
+    continuetest(ProgramState &state, Navigator &nav);
+};
+
 /// "SELECT A TEST": Test 1 to Test 10 of the paper chosen; choosing one starts its clock.
 class Examnumber : public AppScreen
 {

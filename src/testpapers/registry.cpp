@@ -1,5 +1,6 @@
 #include "registry.h"
 
+#include "examsave.h"
 #include "examscore.h"
 #include "frame/navigator.h"
 #include "menus.h"
@@ -13,6 +14,8 @@ void registerTestPaperScreens(Navigator &nav)
     nav.registerScreen<Examsection>("Examsection");
     nav.registerScreen<Examscore>("Examscore");
     nav.registerScreen<Examexit>("Examexit");
+    nav.registerScreen<Examsave>("Examsave");
+    nav.registerScreen<continuetest>("continuetest");
 }
 
 } // namespace sd

@@ -258,13 +258,25 @@ void GapExerciseScreen::onCheck()
 {
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     HideMarks();
-    TakeAnswers(state, kind(), shownAnswers());
+    const QStringList typed = shownAnswers();
+    TakeAnswers(state, kind(), typed);
     QPointer<GapExerciseScreen> self(this);
     nav().openModal(QStringLiteral("uecheck"), [self] {
         if (self)
             self->guarded([s = self.data()] { s->state.SectionScore[s->section()] = s->state.Score; });
     });
+    // The check window has scored the gaps.
+    QList<AnswerRecord> answers;
+    for (int n = 1; n <= std::min(int(state.GapCount), MaxGaps); ++n)
+        answers.append({n, typed.value(n - 1), state.GapKey[n], bool(state.GapCorrect[n])});
+    recordFirstCheck(state.Score, state.GapCount, answers);
     QGuiApplication::restoreOverrideCursor();
+}
+
+void GapExerciseScreen::keepTestAnswers()
+{
+    if (state.TestMode && !state.TestScored && !loadFailed())
+        TakeAnswers(state, kind(), shownAnswers());
 }
 
 void GapExerciseScreen::scoreSilently()

@@ -47,6 +47,7 @@ public:
     void ResetButtons() override { ui::Screen::ResetButtons(); }
     void HideCheck() override;
     void AllCorrectClose() override;
+    void keepTestAnswers() override;
 
 protected:
     /// Anything else shown together with the correct answers.

@@ -49,11 +49,14 @@ ItemChoiceScreen::ItemChoiceScreen(const QString &code, ProgramState &s, Navigat
         onClick(l, [this, level] { chooseLevel(level); });
         m_levels.append(l);
     }
+    QList<QRect> captions;
     for (int n = 1; n <= 10; ++n) {
-        const QRect r(520 + ((n - 1) / 5) * 220, 180 + ((n - 1) % 5) * 60, 200, 44);
+        const QRect r = exerciseCaptionRect(n);
         ui::MenuLabel *l = addMenuLabel(QStringLiteral("lblEx%1").arg(n), QStringLiteral("Exercise %1").arg(n), r, 16);
         onClick(l, [this, n] { chooseExercise(n); });
+        captions.append(r);
     }
+    m_marks.add(this, captions);
     lblPrompt = addLabel(QStringLiteral("lblPrompt"), QString(), QRect(112, 520, 800, 40), 14, true, Qt::AlignCenter);
     ui::ImageButton *quit = addButton(QStringLiteral("Quit"), QStringLiteral("back"), QRect(486, 650, 52, 52),
                                       QStringLiteral("lblQuit"), QStringLiteral("Close"));
@@ -77,6 +80,19 @@ void ItemChoiceScreen::chooseLevel(int level)
 {
     state.LevelCode = QString::number(level);
     showChosenLevel();
+    m_marks.show(state, m_kind, level);
+}
+
+void ItemChoiceScreen::showEvent(QShowEvent *e)
+{
+    m_marks.show(state, m_kind, state.LevelCode.toInt());
+    AppScreen::showEvent(e);
+}
+
+void ItemChoiceScreen::openExercise(int level, int exercise)
+{
+    chooseLevel(level);
+    chooseExercise(exercise);
 }
 
 void ItemChoiceScreen::chooseExercise(int n)
@@ -314,6 +330,16 @@ uescscore::uescscore(ProgramState &s, Navigator &nav) : AppScreen(QStringLiteral
     const int score = run ? run->score() : 0;
     s.Score = score;
     s.VerdictIndex = VerdictRuleA(total, score);
+    // The run is over: it goes into the history, an item under its record number.
+    if (auto *ex = dynamic_cast<ExerciseScreen *>(nav.find(itemScreens(s.ExerciseKind).exercise)); ex && run) {
+        QList<AnswerRecord> answers;
+        const QList<int> records = run->order();
+        for (int p = 1; p <= records.size(); ++p) {
+            const OneItem &item = run->askedAt(p);
+            answers.append({records.at(p - 1), item.typed, item.answer, item.right});
+        }
+        ex->recordFirstCheck(score, total, answers);
+    }
     addLabel(QStringLiteral("lblScore"), ItemScoreLine(score, total), QRect(20, 16, 480, 36), 18, true, Qt::AlignCenter);
     addPicture(QStringLiteral("smileys"), QStringLiteral("verdict%1").arg(int(s.VerdictIndex)), QRect(210, 60, 100, 100));
     addLabel(QStringLiteral("Comment"), s.VerdictTexts[s.VerdictIndex], QRect(20, 166, 480, 36), 14, true, Qt::AlignCenter);

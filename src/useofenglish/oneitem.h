@@ -3,6 +3,7 @@
 #include "core/itemrun.h"
 #include "frame/appscreen.h"
 #include "frame/exercisescreen.h"
+#include "frame/menus.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -12,17 +13,19 @@ namespace sd {
 /// The level-and-exercise menu of a one-item kind (word formation or sentence conversion). It owns
 /// the run that its exercise screen, the check screen, the score screen and the review share; the
 /// run lives while the menu is open and is replaced by the next exercise chosen.
-class ItemChoiceScreen : public AppScreen
+class ItemChoiceScreen : public AppScreen, public ExerciseMenu
 {
     Q_OBJECT
 
 public:
     ItemChoiceScreen(const QString &code, ProgramState &state, Navigator &nav, int kind);
     ItemRun &run() { return m_run; }
+    void openExercise(int level, int exercise) override;
 
 protected:
     /// The items of the exercise LevelCode & ExerciseCode; throws ProgramError with the error text.
     virtual QList<OneItem> readItems() = 0;
+    void showEvent(QShowEvent *e) override;
 
 private:
     void chooseLevel(int level);
@@ -33,6 +36,7 @@ private:
     ItemRun m_run;
     QList<ui::MenuLabel *> m_levels;
     QLabel *lblPrompt = nullptr;
+    BestScoreMarks m_marks;
 };
 
 class uewbchoice : public ItemChoiceScreen

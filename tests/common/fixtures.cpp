@@ -1,8 +1,10 @@
 #include "fixtures.h"
 
 #include "frame/registry.h"
+#include "progress/registry.h"
 #include "reading/registry.h"
 #include "useofenglish/registry.h"
+#include "writing/registry.h"
 #include "testpapers/registry.h"
 
 #include <QApplication>
@@ -15,6 +17,7 @@
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTest>
+#include <QPlainTextEdit>
 #include <QTextEdit>
 
 namespace sd::test {
@@ -71,10 +74,13 @@ App::App(const QString &dataDir) : state(sound, seeds), nav(state)
     QStandardPaths::setTestModeEnabled(true);
     state.StartDir = dataDir;
     state.Clock.setAutomatic(false);
+    state.Time.setFake(true);
     registerFrameScreens(nav);
     registerReadingScreens(nav);
     registerUseOfEnglishScreens(nav);
+    registerWritingScreens(nav);
     registerTestPaperScreens(nav);
+    registerProgressScreens(nav);
     nav.open(QStringLiteral("Introback"));
     nav.open(QStringLiteral("Intro"));
     settle();
@@ -107,6 +113,8 @@ QString App::text(const QString &name) const
         return e->text();
     if (auto *t = qobject_cast<QTextEdit *>(w))
         return t->toPlainText();
+    if (auto *p = qobject_cast<QPlainTextEdit *>(w))
+        return p->toPlainText();
     if (auto *c = qobject_cast<QComboBox *>(w))
         return c->currentText();
     return QString();
@@ -135,6 +143,8 @@ void App::type(const QString &name, const QString &text)
         e->clear();
     else if (auto *t = qobject_cast<QTextEdit *>(w))
         t->clear();
+    else if (auto *p = qobject_cast<QPlainTextEdit *>(w))
+        p->clear();
     QTest::keyClicks(w, text);
     settle();
 }
@@ -217,7 +227,7 @@ QJsonObject ScriptRun::control(const QString &screenName, const QString &control
     return {};
 }
 
-ScriptRun runScript(const QString &dataDir, const QString &script, const QStringList &extraArgs)
+ScriptRun runScript(const QString &dataDir, const QString &script, const QStringList &extraArgs, const QString &home)
 {
     QTemporaryDir tmp;
     const QString scriptPath = tmp.filePath(QStringLiteral("script.txt"));
@@ -233,7 +243,7 @@ ScriptRun runScript(const QString &dataDir, const QString &script, const QString
     // The student's own folders stay untouched: settings, drafts and history go to the run's folder.
     QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
     for (const char *var : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_STATE_HOME", "HOME"})
-        env.insert(QString::fromLatin1(var), tmp.path());
+        env.insert(QString::fromLatin1(var), home.isEmpty() ? tmp.path() : home);
     p.setProcessEnvironment(env);
     p.start();
     ScriptRun run;

@@ -82,6 +82,9 @@ struct ScriptRun
     QJsonObject screen(const QString &name, int dump = -1) const;
     QJsonObject control(const QString &screenName, const QString &controlName, int dump = -1) const;
 };
-ScriptRun runScript(const QString &dataDir, const QString &script, const QStringList &extraArgs = {});
+/// `home` keeps the student's folders (settings, history) from one run to the next; by default each
+/// run has folders of its own.
+ScriptRun runScript(const QString &dataDir, const QString &script, const QStringList &extraArgs = {},
+                    const QString &home = {});
 
 } // namespace sd::test

@@ -188,8 +188,6 @@ private Q_SLOTS:
             << QStringList{u"lbluesc"_s, u"lblLevel1"_s, u"lblEx1"_s} << u"No file"_s << u"uescchoice"_s;
         QTest::newRow("word formation without its file")
             << QStringList{u"lbluewb"_s, u"lblLevel2"_s, u"lblEx3"_s} << u"No file"_s << u"uewbchoice"_s;
-        QTest::newRow("writing") << QStringList{u"lblComp"_s}
-                                 << u"Writing exercises are not available in this version yet."_s << u"Practype"_s;
     }
     void errorScreenBeepsAndSaysWhy()
     {

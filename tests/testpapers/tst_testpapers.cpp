@@ -4,6 +4,10 @@
 
 #include "../useofenglish/gapfixtures.h"
 
+#include "progress/core/sqlhistory.h"
+
+#include "progress/core/sqlhistory.h"
+
 #include <QJsonArray>
 
 using namespace sd;
@@ -50,6 +54,8 @@ private Q_SLOTS:
 
     void answersKeptPerSectionAndDoneMarks()
     {
+        QTemporaryDir folder;
+        app->state.History = std::make_unique<SqlHistory>(folder.filePath(u"history.sqlite"_s), [] { return QDateTime(); });
         openTest(1);
         QVERIFY(!shows(*app, u"imgDone1"_s));
         openSection(1, u"ueca"_s);
@@ -78,8 +84,10 @@ private Q_SLOTS:
         QCOMPARE(app->text(u"lblScore3"_s), u"Not done"_s);
         QCOMPARE(app->text(u"lblPercent"_s), u"10%"_s);
         QVERIFY(soundsPlayed(*app).isEmpty()); // the verdict sounds only when every section is done
-        QCOMPARE(app->state.FinishedTests.size(), 1);
-        QCOMPARE(app->state.FinishedTests.last().percent, 10);
+        const ProgressSummary kept = app->state.History->summary();
+        QCOMPARE(kept.tests.size(), 1);
+        QCOMPARE(kept.tests.last().percent, std::optional<int>(10));
+        QCOMPARE(kept.tests.last().sectionsDone, 2);
         app->click(u"Quit"_s);
 
         // Reviewing: the section shows the answers against the keys and the marks.
@@ -148,6 +156,89 @@ private Q_SLOTS:
         app->click(u"Continue"_s);
         QCOMPARE(app->topCode(), u"Examsection"_s);
         QVERIFY(!shows(*app, u"imgDone%1"_s.arg(section)));
+    }
+
+    // The Writing parts keep the name, the question number and the text when they are left and
+    // opened again; "Exit test" takes them away.
+    void writingPartsKeepTheWork()
+    {
+        const QString data = QCoreApplication::applicationDirPath() + u"/data/"_s;
+        if (!QFileInfo::exists(data + u"praccomp.dat"_s))
+            QSKIP("the bundled data has not been built");
+        app = std::make_unique<App>(data);
+        app->click(u"lblTest"_s);
+        app->click(u"Label2"_s);
+        app->click(u"Label1"_s);
+        QVERIFY(!shows(*app, u"Label1"_s) && !shows(*app, u"Check"_s) && shows(*app, u"Save"_s));
+        openSection(2, u"writetheleta"_s);
+        app->type(u"txtName"_s, u"Ana Lopez"_s);
+        app->type(u"Text2"_s, u"Dear Jamie, yes, count me in!"_s);
+        app->click(u"Quit"_s);
+        openSection(4, u"writethecomp"_s);
+        QCOMPARE(app->text(u"txtName"_s), u"Ana Lopez"_s);
+        app->type(u"txtTitle"_s, u"3"_s);
+        app->type(u"Text2"_s, u"It was a dark night."_s);
+        app->click(u"Quit"_s);
+        QVERIFY(shows(*app, u"imgDone2"_s) && shows(*app, u"imgDone4"_s));
+        openSection(2, u"writetheleta"_s);
+        QCOMPARE(app->text(u"Text2"_s), u"Dear Jamie, yes, count me in!"_s);
+        app->click(u"Quit"_s);
+        openSection(4, u"writethecomp"_s);
+        QCOMPARE(app->text(u"txtTitle"_s), u"3"_s);
+        QCOMPARE(app->text(u"Text2"_s), u"It was a dark night."_s);
+        app->click(u"Quit"_s);
+
+        // Saving both parts keeps the test and its two compositions in the history, once.
+        QTemporaryDir home;
+        app->state.History = std::make_unique<SqlHistory>(home.filePath(u"history.sqlite"_s),
+                                                          [this] { return app->state.Time.now(); });
+        auto *dialog = static_cast<QueuedSaveDialog *>(app->state.SaveAs.get());
+        dialog->answers = {home.filePath(u"answers"_s), home.filePath(u"again.txt"_s)};
+        app->click(u"Save"_s);
+        QCOMPARE(app->text(u"Text1"_s), u"Dear Jamie, yes, count me in!"_s);
+        app->click(u"Savetext"_s);
+        app->click(u"Savetext"_s);
+        QVERIFY(QFileInfo::exists(home.filePath(u"answers.txt"_s)));
+        const ProgressSummary summary = app->state.History->summary();
+        QCOMPARE(summary.tests.size(), 1);
+        QVERIFY(!summary.tests.first().percent.has_value());
+        QCOMPARE(summary.compositions.size(), 4);
+        QCOMPARE(summary.compositions.first().words, 5);
+        app->click(u"Quit"_s);
+
+        app->click(u"Quit"_s);
+        QCOMPARE(app->text(u"Label1"_s), u"Are you sure you want to exit this test?\n(Your answers will be eliminated.)"_s);
+        app->click(u"imgQuit"_s);
+        app->click(u"Label1"_s);
+        openSection(2, u"writetheleta"_s);
+        QCOMPARE(app->text(u"Text2"_s), QString());
+        QCOMPARE(app->text(u"txtName"_s), QString());
+    }
+
+    // A Writing test written, printed and saved in the real program: both parts in one file.
+    void writingTestScripted()
+    {
+        const QString data = QCoreApplication::applicationDirPath() + u"/data"_s;
+        if (!QFileInfo::exists(data + u"/praccomp.dat"_s))
+            QSKIP("the bundled data has not been built");
+        QTemporaryDir out;
+        const QString saved = out.filePath(u"answers.txt"_s);
+        const QString pdf = out.filePath(u"letter.pdf"_s);
+        const ScriptRun run = runScript(data, u"click lblTest\nclick Label2\nclick Label1\n"
+                                              u"click Label2\ntype txtName Ana\ntype Text2 Dear Jamie,\nclick Quit\n"
+                                              u"click Label4\ntype txtTitle 2\ntype Text2 My street\nclick Quit\n"
+                                              u"click Save\nclick imgPrint\nsave-as "_s + saved + u"\nclick Savetext\ndump\n"_s,
+                                        {u"--print-to"_s, pdf});
+        QCOMPARE(run.exitCode, 0);
+        QVERIFY2(QFileInfo(pdf).size() > 0, qPrintable(run.errors));
+        QFile f(saved);
+        QVERIFY(f.open(QIODevice::ReadOnly));
+        const QList<QByteArray> lines = f.readAll().split('\n');
+        QCOMPARE(lines.size(), 17); // eight lines a part, each ended by CR LF
+        QCOMPARE(lines.at(3), QByteArray("Dear Jamie,\r"));
+        QCOMPARE(lines.at(9), QByteArray("Test paper 1 B   Topic number: 2\r"));
+        QCOMPARE(lines.at(11), QByteArray("My street\r"));
+        QCOMPARE(lines.at(14), QByteArray("Ana\r"));
     }
 
     // A whole test in the real program: two sections answered, the others left, the final score,

@@ -50,6 +50,39 @@ inline const QStringList oneOfEachKind{
     QStringLiteral("help/helprcma.md"), QStringLiteral("help/helpueca.md"), QStringLiteral("help/helpuecb.md"),
     QStringLiteral("help/helpuesc.md"), QStringLiteral("help/helpuewb.md")};
 
+/// A whole Writing source folder (`comp`) with its help topics, made up for tests: ten titles of
+/// each type, the ten letter sheets (topic 9 a picture), the samples, test 1's letter and questions.
+inline void writeWritingSources(const QString &sourceDir)
+{
+    const QString comp = sourceDir + QStringLiteral("/comp/");
+    const QStringList types{QStringLiteral("leta"), QStringLiteral("nar"), QStringLiteral("art"), QStringLiteral("rep"),
+                            QStringLiteral("dis"), QStringLiteral("letb"), QStringLiteral("book")};
+    for (const QString &type : types) {
+        QString titles = QStringLiteral("type: %1\n").arg(type);
+        for (int n = 1; n <= 10; ++n)
+            titles += QStringLiteral("\n@title\nThe %1 task number %2, written as an exam question.\n").arg(type).arg(n)
+                      + (n % 2 ? QStringLiteral("\n@note\nA note of title %1.\n").arg(n) : QString());
+        writeBytes(comp + QStringLiteral("titles-%1.md").arg(type), titles.toUtf8());
+        for (int n = 1; n <= 3; ++n)
+            writeBytes(comp + QStringLiteral("Sample%1%2.md").arg(type).arg(n), "Dear Sir,\n\nA sample answer.\n");
+        writeBytes(sourceDir + QStringLiteral("/help/help%1.md").arg(type), "# Help\n\nHow to write it.\n");
+    }
+    for (int n = 1; n <= 10; ++n)
+        writeBytes(comp + QStringLiteral("leta%1.md").arg(n, 2, 10, QLatin1Char('0')),
+                   n == 9 ? QByteArray("A poster.\n\n![A poster with notes](leta09.svg)\n")
+                          : QByteArray("# An advert\n\nRooms from 20 pounds.\n\n*Ask about parking!*\n"));
+    writeBytes(comp + QStringLiteral("leta09.svg"),
+               "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 595 842\"><rect x=\"20\" y=\"20\" "
+               "width=\"555\" height=\"802\" fill=\"#ffe\" stroke=\"#000\"/><text x=\"60\" y=\"100\" "
+               "font-family=\"sans-serif\" font-size=\"30\">Pony trekking</text></svg>");
+    writeBytes(comp + QStringLiteral("letasample.md"), "# A letter from a friend\n\nWrite back.\n");
+    writeBytes(comp + QStringLiteral("compx01.md"), "task: Write a letter to Jamie. Do not write any addresses.\n\n# A letter\n\nDear friend,\n");
+    writeBytes(comp + QStringLiteral("compx01b.md"), "# Part 2\n\n## 2\n\nAn article.\n");
+    writeBytes(comp + QStringLiteral("comments.md"), "@comment 11 F\nProgram text, not data.\n");
+    for (const char *topic : {"write", "comp"})
+        writeBytes(sourceDir + QStringLiteral("/help/help%1.md").arg(QString::fromLatin1(topic)), "# Help\n\nWriting.\n");
+}
+
 /// Copies the files of a data directory into another.
 inline void copyFiles(const QString &from, const QString &to)
 {

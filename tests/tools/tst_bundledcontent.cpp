@@ -96,7 +96,14 @@ private Q_SLOTS:
     void checkFindsNoErrors()
     {
         const data::CheckReport report = data::checkDataDirectory(m_data);
-        QCOMPARE(report.errors, QStringList());
+        // Until the Writing content is in, the one thing missing is its data file.
+        const QStringList expected = QFileInfo::exists(test::contentDir() + u"/comp"_s)
+                                         ? QStringList()
+                                         : QStringList{u"praccomp.dat: is missing; its menu entries would all say \"No file\""_s};
+        QCOMPARE(report.errors, expected);
+        if (expected.isEmpty())
+            QVERIFY2(QRegularExpression(u"praccomp.dat\\s+70 titles\\s+x01"_s).match(report.coverage).hasMatch(),
+                     qPrintable(report.coverage));
         for (const auto &[kind, file] : kKinds) {
             const QString name = QString::fromLatin1(dataFileInfo(file).fileName);
             const QRegularExpression row(name + uR"(\s+10/10\s+10/10\s+10/10\s+x01)"_s);
@@ -215,7 +222,7 @@ private Q_SLOTS:
         QHash<QString, QString> titles; // title -> exercise
         const QDir content(test::contentDir());
         for (const QString &kind : content.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
-            if (kind == u"help"_s)
+            if (kind == u"help"_s || kind == u"comp"_s)
                 continue;
             for (const QString &file : QDir(content.filePath(kind)).entryList({u"*.md"_s})) {
                 const QString exercise = kind + u' ' + file.chopped(3);
@@ -231,6 +238,33 @@ private Q_SLOTS:
                          qPrintable(exercise + u" has the title of "_s + titles.value(title.toLower())));
                 titles.insert(title.toLower(), exercise);
             }
+        }
+    }
+
+    void everyWritingTaskHasASubject()
+    {
+        // Each composition title ("comp nar3"), letter task with its sheet ("comp leta03") and test letter ("compx x03")
+        // has its line; the samples answer the fixed example subjects and have none.
+        QFile list(test::contentDir() + u"/subjects.md"_s);
+        QVERIFY(list.open(QIODevice::ReadOnly | QIODevice::Text));
+        const QString subjects = QString::fromUtf8(list.readAll());
+        const auto listed = [&](const QString &entry) { return subjects.contains(u'\n' + entry + u" | "_s); };
+        const QDir comp(test::contentDir() + u"/comp"_s);
+        for (const QString &file : comp.entryList({u"titles-*.md"_s})) {
+            QFile f(comp.filePath(file));
+            QVERIFY(f.open(QIODevice::ReadOnly | QIODevice::Text));
+            const qsizetype count = QString::fromUtf8(f.readAll()).count(u"\n@title"_s);
+            const QString type = file.mid(7).chopped(3);
+            for (int n = 1; n <= count; ++n) {
+                // A letter's title shares its line with its task sheet, "comp leta03".
+                const QString entry = u"comp "_s + type
+                                      + (type == u"leta"_s ? u"%1"_s.arg(n, 2, 10, QLatin1Char('0')) : QString::number(n));
+                QVERIFY2(listed(entry), qPrintable(entry + u" is not in content/subjects.md"_s));
+            }
+        }
+        for (const QString &file : comp.entryList({u"leta??.md"_s, u"compx??.md"_s})) {
+            const QString entry = file.startsWith(u"leta"_s) ? u"comp "_s + file.chopped(3) : u"compx x"_s + file.mid(5, 2);
+            QVERIFY2(listed(entry), qPrintable(entry + u" is not in content/subjects.md"_s));
         }
     }
 

@@ -3,7 +3,11 @@
 
 #include "check.h"
 #include "datatoolfixture.h"
+#include "frame/core/services.h"
+#include "frame/core/state.h"
 #include "ui/rtf/rtfreader.h"
+
+#include <QImage>
 
 #include <QRegularExpression>
 #include <QTextDocument>
@@ -66,7 +70,7 @@ const QString kWordText = [] {
 enum class Fault {
     None, ShortFile, DuplicateKey, MissingPassage, OverlongField, Utf8Text, LongAnswerKey, MalformedKey,
     WordNotInLine, TooManyLines, UnreadableSheet, MissingSound, MissingHelp, EmptyWordFile, TestItemNoSlash,
-    NineTestItems, EmptyAnswer
+    NineTestItems, EmptyAnswer, EleventhTitle, MissingSample, MissingPicture
 };
 
 const QByteArray kNotRtf = "These are plain words, not rich text.";
@@ -94,6 +98,13 @@ void applyFault(const QString &dir, Fault fault)
     case Fault::TestItemNoSlash: test::patchField(dir, DataFile::ExamUewb, 1, "Item3", "SOLVEsolutions"); break;
     case Fault::NineTestItems: QFile::resize(dir + u"/pracuesc.dat"_s, QFileInfo(dir + u"/pracuesc.dat"_s).size() - 641); break;
     case Fault::EmptyAnswer: test::patchField(dir, DataFile::Uesc, 2, "Answer1", ""); break;
+    case Fault::EleventhTitle: {
+        const QString comp = dir + u"/praccomp.dat"_s;
+        test::writeBytes(comp, test::readBytes(comp) + test::readBytes(comp).left(852));
+        break;
+    }
+    case Fault::MissingSample: QFile::remove(dir + u"/Samplenar2.rtf"_s); break;
+    case Fault::MissingPicture: QFile::remove(dir + u"/leta09.png"_s); break;
     }
 }
 
@@ -121,6 +132,7 @@ private Q_SLOTS:
     {
         const QString src = m_tmp.filePath(u"content"_s);
         test::copyContent(src, test::oneOfEachKind);
+        test::writeWritingSources(src);
         m_good = m_tmp.filePath(u"data"_s);
         QVERIFY(test::buildQuietly(src, m_good));
     }
@@ -160,6 +172,10 @@ private Q_SLOTS:
             u"pracuesc.dat: key x01: 9 items; a test section has 10"_s};
         QTest::newRow("item with no correct answer") << Fault::EmptyAnswer << QStringList{
             u"pracuesc.dat: key 101, item 2: Answer1: empty; it holds the correct answer"_s};
+        QTest::newRow("eleventh title of a type") << Fault::EleventhTitle << QStringList{
+            u"praccomp.dat: key leta: title 11 in record 72; the program stops at the eleventh with \"ERROR - NO TEXT\""_s};
+        QTest::newRow("missing sample") << Fault::MissingSample << QStringList{u"Samplenar2.rtf is missing"_s};
+        QTest::newRow("missing picture of topic 9") << Fault::MissingPicture << QStringList{u"leta09.png is missing"_s};
     }
     void checkComplaints()
     {
@@ -256,6 +272,63 @@ private Q_SLOTS:
         QVERIFY(!ok);
         QTEST(problems, "expected");
         QVERIFY(!QFileInfo::exists(dir.filePath(u"out"_s))); // nothing half-built
+    }
+
+    void writingBuildComplaints_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<QString>("from");
+        QTest::addColumn<QString>("to");
+        QTest::addColumn<QStringList>("expected");
+        QTest::newRow("nine titles") << u"titles-art.md"_s << u"@title\nThe art task number 10"_s << u"The art task number 10"_s
+                                     << QStringList{u"src/comp/titles-art.md:1: 9 titles; each type has exactly 10"_s};
+        QTest::newRow("title over 639 characters")
+            << u"titles-nar.md"_s << u"The nar task number 4,"_s << QString(640, u'x')
+            << QStringList{u"src/comp/titles-nar.md: Body: 669 characters; the field holds at most 639"_s};
+        QTest::newRow("a picture with a script") << u"leta09.svg"_s << u"<rect"_s << u"<script>alert(1)</script><rect"_s
+                                                 << QStringList{u"src/comp/leta09.svg: holds \"<script\"; a picture is plain shapes and text only"_s};
+        QTest::newRow("a test sheet without its task") << u"compx01.md"_s << u"task: "_s << u""_s
+                                                       << QStringList{u"src/comp/compx01.md:1: expected \"task: the task of the letter\""_s};
+    }
+    void writingBuildComplaints()
+    {
+        QFETCH(QString, file);
+        QFETCH(QString, from);
+        QFETCH(QString, to);
+        QTemporaryDir dir;
+        test::writeWritingSources(dir.filePath(u"src"_s));
+        const QString path = dir.filePath(u"src/comp/"_s + file);
+        const QString source = QString::fromUtf8(test::readBytes(path));
+        QVERIFY(source.contains(from));
+        test::writeBytes(path, QString(source).replace(from, to).toUtf8());
+        data::Problems problems;
+        QVERIFY(!data::buildDataDirectory(dir.filePath(u"src"_s), dir.filePath(u"out"_s), problems));
+        QTEST(problems, "expected");
+    }
+
+    void writingIsBuilt()
+    {
+        // Titles in type order, ten a type, then the test's letter; topic 9's picture in its page and sheet.
+        RecordingSound sound;
+        FakeSeedSource seeds;
+        ProgramState state(sound, seeds);
+        state.setDataDir(m_good);
+        state.RecordLength = 852;
+        QString name = u"praccomp.dat"_s;
+        OpenNamedDataFile(state, name);
+        CountRecords(state, CountFor::Search);
+        QCOMPARE(int(state.RecordCount), 71);
+        QCOMPARE(ReadRecord(state, DataFile::Comp, 11),
+                 (QStringList{u"nar"_s, u"The nar task number 1, written as an exam question."_s, u"A note of title 1."_s, QString()}));
+        QCOMPARE(ReadRecord(state, DataFile::Comp, 71).mid(0, 2),
+                 (QStringList{u"x01"_s, u"Write a letter to Jamie. Do not write any addresses."_s}));
+        CloseDataFile(state);
+        QVERIFY(QString::fromUtf8(test::readBytes(m_good + u"/leta09.htm"_s)).contains(u"src=\"leta09.png\""_s));
+        QCOMPARE(QImage(m_good + u"/leta09.png"_s).size(), QSize(1190, 1684));
+        QVERIFY(test::readBytes(m_good + u"/leta09.rtf"_s).contains("\\pngblip"));
+        for (const char *built : {"compx01.htm", "compx01b.rtf", "letasample.rtf", "Samplebook3.rtf", "leta10.rtf"})
+            QVERIFY2(QFileInfo::exists(m_good + u'/' + QString::fromLatin1(built)), built);
+        QVERIFY(!QFileInfo::exists(m_good + u"/comments.rtf"_s));
     }
 
     void buildIsStableAndSorted()

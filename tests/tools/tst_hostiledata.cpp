@@ -88,6 +88,7 @@ private Q_SLOTS:
     {
         const QString src = m_tmp.filePath(u"content"_s);
         test::copyContent(src, test::oneOfEachKind);
+        test::writeWritingSources(src);
         m_good = m_tmp.filePath(u"data"_s);
         QVERIFY(test::buildQuietly(src, m_good));
         // The one rcma exercise is 102: make it exercise 1 of level 1 so the menus reach it by its key.

@@ -4,6 +4,7 @@
 #include "kinds.h"
 #include "recordrules.h"
 #include "soundgen.h"
+#include "writing.h"
 
 #include <QDir>
 #include <QFile>
@@ -129,7 +130,7 @@ bool buildDataDirectory(const QString &sourceDir, const QString &outDir, Problem
         problems << sourceDir + u": no such folder"_s;
         return false;
     }
-    QStringList known{u"help"_s};
+    QStringList known{u"help"_s, u"comp"_s};
     for (DataFile f : buildableKinds())
         known << kindCode(f);
     for (const QString &dir : source.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name))
@@ -160,6 +161,23 @@ bool buildDataDirectory(const QString &sourceDir, const QString &outDir, Problem
         for (const auto &[file, bytes] : data)
             files.append({QString::fromLatin1(dataFileInfo(file).fileName), bytes});
         made.exercises += int(exercises.size());
+        ++made.dataFiles;
+    }
+    // Writing: praccomp.dat and the files of its screens. Without a `comp` folder the data
+    // directory has no Writing, which `check` reports.
+    if (source.exists(u"comp"_s)) {
+        WritingBuild writing;
+        buildWriting(QDir(source.filePath(u"comp"_s)), source.dirName() + u"/comp"_s, &writing, problems);
+        QByteArray records;
+        for (const QStringList &r : std::as_const(writing.records))
+            records += encode(DataFile::Comp, r,
+                              source.dirName() + u"/comp/"_s
+                                  + (r.at(0).startsWith(u'x') ? u"comp"_s + r.at(0) : u"titles-"_s + r.at(0)) + u".md"_s,
+                              problems);
+        files.append({QString::fromLatin1(dataFileInfo(DataFile::Comp).fileName), records});
+        for (const BuiltFile &b : std::as_const(writing.files))
+            files.append({b.name, b.bytes});
+        made.exercises += int(writing.records.size());
         ++made.dataFiles;
     }
     const QList<BuiltFile> help = helpTopics(source, problems);

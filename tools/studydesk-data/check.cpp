@@ -9,6 +9,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QImage>
 #include <QRegularExpression>
 #include <QTextDocument>
 
@@ -78,6 +79,7 @@ bool requiredFile(DataFile file)
     case DataFile::Rcmc:
     case DataFile::Rcre:
     case DataFile::Rcma:
+    case DataFile::Comp:
     case DataFile::Ueca:
     case DataFile::Uecb:
     case DataFile::Uesc:
@@ -122,6 +124,7 @@ private:
     void checkFile(DataFile file);
     void checkFile(DataFile file, QString name);
     void checkWordFormationFiles();
+    void checkWriting();
     void checkItemCounts(DataFile file, const QString &name);
     void checkRecord(DataFile file, const QString &fileName, int n, const QStringList &fields, const QByteArray &raw);
     void checkReference(const QString &where, const FileReference &ref, DataFile file, const QStringList &fields);
@@ -137,6 +140,7 @@ private:
     Problems m_errors;
     std::map<DataFile, std::set<QString>> m_keys; ///< the keys the program finds, per file
     std::map<QString, int> m_items;               ///< items per key of a one-item file
+    std::map<QString, int> m_titles;              ///< praccomp.dat: titles per composition type
     std::set<DataFile> m_present;
     std::map<QString, QString> m_fileFaults; ///< each referenced file is read once
 };
@@ -148,6 +152,8 @@ CheckReport Checker::run()
     for (int i = 0; i < DataFileCount; ++i)
         checkFile(DataFile(i));
     checkWordFormationFiles();
+    if (m_present.count(DataFile::Comp))
+        checkWriting();
     if (m_present.empty())
         m_errors << m_dir.path() + u": no exercise data files"_s;
     checkHelp(u"gen"_s);
@@ -256,6 +262,41 @@ void Checker::checkWordFormationFiles()
     }
 }
 
+/// The titles of every type and the files of the Writing screens: the ten letter sheets, the
+/// picture of topic 9, the samples, each test's sheet and questions, the writing help topics.
+void Checker::checkWriting()
+{
+    static const QStringList types{u"leta"_s, u"nar"_s, u"art"_s, u"rep"_s, u"dis"_s, u"letb"_s, u"book"_s};
+    QStringList files{u"letasample.rtf"_s, u"leta09.png"_s};
+    for (const QString &type : types) {
+        const int titles = m_titles.count(type) ? m_titles.at(type) : 0;
+        if (titles < 10)
+            m_errors << u"praccomp.dat: key %1: %2 titles; the titles screen pages over ten"_s.arg(type).arg(titles);
+        for (int n = 1; n <= 3; ++n)
+            files << u"Sample%1%2.rtf"_s.arg(type).arg(n);
+        checkHelp(type);
+    }
+    for (int n = 1; n <= 10; ++n)
+        files << u"leta%1.htm"_s.arg(n, 2, 10, QLatin1Char('0')) << u"leta%1.rtf"_s.arg(n, 2, 10, QLatin1Char('0'));
+    for (const QString &key : m_keys[DataFile::Comp])
+        files << u"comp%1.htm"_s.arg(key) << u"comp%1b.rtf"_s.arg(key);
+    for (const QString &name : std::as_const(files)) {
+        QString fault;
+        if (name.endsWith(u".png"_s)) {
+            const FileBytes png = readDataFile(m_dir.path(), name, MaxRtfBytes);
+            fault = !png.ok() ? (png.refusal == FileRefusal::Missing ? u"is missing"_s : png.reason)
+                    : rtf::decodePicture(png.bytes).isNull() ? u"is not a picture the program can show"_s
+                                                              : QString();
+        } else {
+            fault = fileFault(name);
+        }
+        if (!fault.isEmpty())
+            m_errors << name + u" "_s + fault;
+    }
+    checkHelp(u"write"_s);
+    checkHelp(u"comp"_s);
+}
+
 void Checker::checkItemCounts(DataFile file, const QString &name)
 {
     for (const auto &[key, count] : m_items) {
@@ -275,6 +316,11 @@ void Checker::checkRecord(DataFile file, const QString &fileName, int n, const Q
     QString where = fileName + u": key "_s + key;
     if (key.isEmpty() || keyKind(file, key) == KeyKind::Bad) {
         where = fileName + u": record %1"_s.arg(n);
+    } else if (file == DataFile::Comp && keyKind(file, key) == KeyKind::Other) {
+        // Titles of a type are numbered by record order; ten is all a type holds.
+        if (++m_titles[key] > 10)
+            m_errors << where + u": title %1 in record %2; the program stops at the eleventh with \"ERROR - NO TEXT\""_s
+                                    .arg(m_titles[key]).arg(n);
     } else if (oneItemFile(file)) {
         where += u", item %1"_s.arg(++m_items[key]);
         if (file == DataFile::Uesc)
@@ -425,7 +471,11 @@ QString Checker::coverage() const
         const auto it = m_keys.find(file);
         const std::set<QString> keys = it == m_keys.end() ? std::set<QString>() : it->second;
         if (file == DataFile::Comp) {
-            rows << row + u"%1 titles"_s.arg(keys.size());
+            int titles = 0;
+            for (const auto &[type, count] : m_titles)
+                titles += count;
+            QStringList tests(keys.begin(), keys.end());
+            rows << row + u"%1"_s.arg(u"%1 titles"_s.arg(titles), -26) + u" "_s + (tests.isEmpty() ? u"-"_s : tests.join(u' '));
             continue;
         }
         int perLevel[4] = {0, 0, 0, 0};

@@ -4,6 +4,7 @@
 #include "ui/rtf/rtfwriter.h"
 
 #include <QRegularExpression>
+#include <QUrl>
 #include <QTextBlock>
 #include <QTextList>
 
@@ -63,8 +64,19 @@ void StyledDocument::markdown(const QString &text)
             else
                 it->second->add(m_cursor.block());
         }
-        for (auto f = b.begin(); !f.atEnd(); ++f)
-            m_cursor.insertText(f.fragment().text(), f.fragment().charFormat());
+        for (auto f = b.begin(); !f.atEnd(); ++f) {
+            const QTextCharFormat run = f.fragment().charFormat();
+            if (run.isImageFormat()) {
+                QTextImageFormat image = run.toImageFormat();
+                if (auto it = m_pictureSizes.find(image.name()); it != m_pictureSizes.end()) {
+                    image.setWidth(it->second.first);
+                    image.setHeight(it->second.second);
+                }
+                m_cursor.insertImage(image);
+                continue;
+            }
+            m_cursor.insertText(f.fragment().text(), run);
+        }
     }
 }
 
@@ -119,6 +131,12 @@ void StyledDocument::gapLine(const QString &label)
     nextBlock();
     m_cursor.insertText(label, bold());
     m_cursor.insertText(u" "_s + kDots, QTextCharFormat());
+}
+
+void StyledDocument::addPicture(const QString &name, const QImage &image, int width)
+{
+    m_doc.addResource(QTextDocument::ImageResource, QUrl(name), image);
+    m_pictureSizes[name] = {width, image.width() > 0 ? width * image.height() / image.width() : 0};
 }
 
 const QTextDocument &StyledDocument::finished()

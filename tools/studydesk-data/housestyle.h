@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QImage>
 #include <QString>
 #include <QTextCursor>
 #include <QTextDocument>
@@ -26,6 +27,9 @@ public:
     void labelled(const QString &label, const QString &inlineMarkdown, Label style, bool spaceBefore = false);
     /// Appends a paragraph holding only a bold label and a dotted line: a gap in a passage.
     void gapLine(const QString &label);
+    /// A picture that Markdown refers to by `name`, shown `width` pixels wide; the RTF file carries
+    /// it inside, the web page refers to it by name. Call before markdown().
+    void addPicture(const QString &name, const QImage &image, int width);
 
     /// The document with the house style applied.
     const QTextDocument &finished();
@@ -40,6 +44,7 @@ private:
     QTextCursor m_cursor;
     bool m_empty = true;
     bool m_styled = false;
+    std::map<QString, std::pair<int, int>> m_pictureSizes;
 };
 
 /// Help text for printing: paragraphs wrapped at `width`, list items with a dash and hanging

@@ -207,7 +207,9 @@ KeyKind keyKind(DataFile file, const QString &key)
     static const QRegularExpression practice(u"^[1-3](0[1-9]|10)$"_s);
     static const QRegularExpression test(u"^x(0[1-9]|10)$"_s);
     if (file == DataFile::Comp)
-        return kCompositionTypes.contains(key) ? KeyKind::Other : KeyKind::Bad;
+        return kCompositionTypes.contains(key) ? KeyKind::Other
+               : test.match(key).hasMatch()    ? KeyKind::Test
+                                               : KeyKind::Bad;
     if (practice.match(key).hasMatch())
         return KeyKind::Practice;
     if (test.match(key).hasMatch())
@@ -234,7 +236,7 @@ QList<FieldProblem> checkFields(DataFile file, const QStringList &fields)
     const QString code = fieldOf(file, fields, "Code");
     if (keyKind(file, code) == KeyKind::Bad)
         out << FieldProblem{u"Code"_s, file == DataFile::Comp
-                                           ? quoted(code) + u" is not a composition type (%1)"_s.arg(kCompositionTypes.join(u", "_s))
+                                           ? quoted(code) + u" is not a composition type (%1) or a test's letter (x01 to x10)"_s.arg(kCompositionTypes.join(u", "_s))
                                            : quoted(code) + u" is not a key: level and exercise (101 to 310) or x01 to x10"_s};
     const bool layoutA = file == DataFile::Rche || file == DataFile::Rcmc || file == DataFile::Rcre;
     const bool named = layoutA || file == DataFile::Rcma || file == DataFile::Ueca || file == DataFile::Uecb

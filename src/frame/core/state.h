@@ -2,8 +2,10 @@
 
 #include "checked.h"
 #include "datafiles.h"
+#include "history.h"
 #include "minuteclock.h"
 #include "printerdevice.h"
+#include "programtime.h"
 #include "random.h"
 #include "testrecord.h"
 
@@ -106,16 +108,38 @@ struct ProgramState
     bool TestScored = false;
     bool ShowSectionAnswers = false;
     Array<Array<QString, 0, 20>, 0, 10> SavedAnswer;
-    /// Every test whose final score was shown in this run, oldest first.
-    QList<TestRecord> FinishedTests;
 
-    // Composition state: what the editors print and save (heading, text, the writer's name).
+    // Writing: the composition type chosen (CompositionIndex 22..28 selects its help topic, 41..47
+    // in the samples), the screen mode and the samples flag.
+    QString CompositionType, CompositionListName, ScreenMode;
+    Int16 CompositionTypeNumber, CompositionIndex;
+    bool SamplesFlag = false;
+    // The title store: titles of the type in record order, and the one in hand (1..10).
+    Array<QString, 0, 10> Titles, TitleNotes;
+    Int16 CurrentTitle;
+    // Transactional letter: topic "01".."10", its sheet "leta01" and the sheet's three files.
+    QString CurrentTopicCode, CurrentSheet, SheetPage, SheetPrint, SheetDocument;
+    // Composition state: kept here so that a test keeps the writing when an editor is left and
+    // opened again, and so that print and save use it.
     QString CompositionHeading, CompositionText, LetterHeading, LetterText, StudentName;
+    QString CompositionNumber, PaperLabel;
+    bool CompositionSaved = true;
+    // The Writing test paper sets these before it opens an editor: the Part 1 sheet ("compx01",
+    // shown beside the letter, its task in praccomp.dat under "x01") and the Part 2 question file
+    // ("compx01b.rtf").
+    QString TestLetterSheet, TestQuestionFile;
+    // Sample compositions: the sample shown (1..3) and the two scores (1 pass, 2 borderline, 3 fail).
+    Int16 SampleNumber, StudentScore, ExaminerScore;
+    bool SampleScored = false;
 
     // Printer: the program's printer device. A recording one until start-up sets the real one.
     std::unique_ptr<PrinterDevice> Printer = std::make_unique<RecordingPrinter>();
     // The save dialog: a queue that cancels everything until start-up sets the real one.
     std::unique_ptr<SaveDialog> SaveAs = std::make_unique<QueuedSaveDialog>();
+    // The calendar and short delays (draft saves): real, or fake in scripts and tests.
+    ProgramTime Time;
+    // The student's history: keeps nothing until start-up (or a test) sets the real one.
+    std::unique_ptr<StudentHistory> History = std::make_unique<NoHistory>();
 
     /// Section number of a kind within its paper.
     static int sectionOfKind(int kind);

@@ -128,6 +128,11 @@ void ClearTest(ProgramState &s)
     s.LetterHeading.clear();
     s.LetterText.clear();
     s.StudentName.clear();
+    s.CompositionNumber.clear();
+    s.PaperLabel.clear();
+    s.CompositionSaved = true;
+    s.TestLetterSheet.clear();
+    s.TestQuestionFile.clear();
 }
 
 void StartTest(ProgramState &s, int test)
@@ -142,7 +147,7 @@ void StartTest(ProgramState &s, int test)
 TestRecord FinishedTestRecord(const ProgramState &s, const TestScore &score)
 {
     TestRecord r;
-    r.finishedAt = QDateTime::currentDateTimeUtc();
+    r.finishedAt = s.Time.now().toUTC();
     r.paper = s.PaperIndex;
     r.test = s.TestNumber;
     r.percent = score.percent;
@@ -150,6 +155,30 @@ TestRecord FinishedTestRecord(const ProgramState &s, const TestScore &score)
     r.minutes = s.ElapsedMinutes;
     r.sections = sectionsOf(s);
     return r;
+}
+
+} // namespace sd
+
+namespace sd {
+
+QList<AttemptRecord> SectionAttempts(const TestRecord &test)
+{
+    QList<AttemptRecord> out;
+    for (int n = 1; n <= 5; ++n) {
+        const int kind = SectionKind(test.paper, n);
+        const SectionResult &r = test.sections[std::size_t(n)];
+        if (kind == 0 || kind == 5 || !r.done)
+            continue;
+        AttemptRecord a;
+        a.finishedAt = test.finishedAt;
+        a.test = true;
+        a.kind = kind;
+        a.exercise = TestKey(test.test);
+        a.score = r.score;
+        a.max = test.paper == UseOfEnglishPaper ? UseOfEnglishSectionMaximum(n) : r.questions;
+        out.append(a);
+    }
+    return out;
 }
 
 } // namespace sd

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "frame/core/history.h"
 #include "frame/core/testrecord.h"
 
 #include <QString>
@@ -47,5 +48,8 @@ void ClearTest(ProgramState &s);
 
 /// The record of the test in hand, as "See final score" leaves it.
 TestRecord FinishedTestRecord(const ProgramState &s, const TestScore &score);
+/// The sections done of a finished test as the history keeps them: one attempt each, in mode test,
+/// over the section's questions (Reading) or its fixed maximum (Use of English).
+QList<AttemptRecord> SectionAttempts(const TestRecord &test);
 
 } // namespace sd

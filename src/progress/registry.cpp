@@ -1,0 +1,14 @@
+#include "registry.h"
+
+#include "frame/navigator.h"
+#include "progressscreens.h"
+
+namespace sd {
+
+void registerProgressScreens(Navigator &nav)
+{
+    nav.registerScreen<Progress>("Progress");
+    nav.registerScreen<Mistakes>("Mistakes");
+}
+
+} // namespace sd
