@@ -14,11 +14,16 @@ QFunctionPointer moduleFunction(const char *module, const char *function, QStrin
     const QString name = QString::fromLatin1(module);
     QLibrary *library = loaded.value(name);
     if (!library) {
-        const QString path = QDir(QCoreApplication::applicationDirPath())
-                                 .filePath(QStringLiteral("../lib/studydesk/") + name + QStringLiteral(".so"));
-        library = new QLibrary(QDir::cleanPath(path));
+        // Beside the program in a build folder; in lib/<arch>/studydesk once installed.
+        library = new QLibrary;
         library->setLoadHints(QLibrary::PreventUnloadHint);
-        if (!library->load()) {
+        const QDir programDir(QCoreApplication::applicationDirPath());
+        for (const QString &dir : {programDir.path(), programDir.filePath(QStringLiteral(STUDYDESK_MODULE_DIR))}) {
+            library->setFileName(QDir(dir).filePath(name));
+            if (library->load())
+                break;
+        }
+        if (!library->isLoaded()) {
             if (error)
                 *error = library->errorString();
             delete library;

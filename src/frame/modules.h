@@ -15,10 +15,9 @@ namespace sd {
 
 /// The sound output and the printer need large libraries that the start screen does not: Qt
 /// Multimedia with the audio stack under it, and Qt Print Support with the print system's. Each
-/// lives in a module of its own (`studydesk-sound`, `studydesk-print`, in lib/studydesk beside the
-/// program's bin folder), loaded when the first clip plays or the first job prints. A screen added
-/// later that needs a large library of its own (charts, a database) does the same: its screen
-/// class goes in a module, and the registry's factory loads it when the screen first opens.
+/// lives in a module of its own (`studydesk_sound`, `studydesk_print`: beside the program in a build
+/// folder, in lib/<arch>/studydesk once installed), loaded when the first clip plays or the first
+/// job prints. The charts of the progress screen are loaded the same way when it first opens.
 
 /// The function `function` of the program's module `module`, loaded on first use and kept
 /// loaded; null, with the reason in *error, when the module or the function cannot be found.
@@ -70,10 +69,10 @@ inline QString numberedPrintFile(const QString &base, int n)
 }
 
 /// The modules' entry points.
-inline constexpr char SoundModule[] = "studydesk-sound";
+inline constexpr char SoundModule[] = "studydesk_sound";
 inline constexpr char SoundFunction[] = "studydesk_create_sound";
 using CreateSound = SoundOutput *(*)();
-inline constexpr char PrintModule[] = "studydesk-print";
+inline constexpr char PrintModule[] = "studydesk_print";
 inline constexpr char PrintFunction[] = "studydesk_create_page_output";
 using CreatePageOutput = PageOutput *(*)(const PrintOptions &options);
 

@@ -16,8 +16,9 @@ for f in bin/studydesk bin/studydesk-data; do
   [ -x "$usr/$f" ] || fail "$f is not installed"
 done
 # Loaded on first use: the sound output and printing.
-for f in lib/studydesk/studydesk-sound.so lib/studydesk/studydesk-print.so; do
-  [ -s "$usr/$f" ] || fail "$f is not installed"
+for m in sound print; do
+  ls "$usr"/lib/*/studydesk/libstudydesk_$m.so "$usr"/lib/studydesk/libstudydesk_$m.so 2> /dev/null | grep -q . \
+    || fail "the $m module is not installed"
 done
 for f in share/applications/$id.desktop share/metainfo/$id.metainfo.xml \
          share/icons/hicolor/scalable/apps/$id.svg share/icons/hicolor/48x48/apps/$id.png \
