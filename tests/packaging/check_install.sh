@@ -17,8 +17,7 @@ for f in bin/studydesk bin/studydesk-data; do
 done
 # Loaded on first use: the sound output and printing.
 for m in sound print; do
-  ls "$usr"/lib/*/studydesk/libstudydesk_$m.so "$usr"/lib/studydesk/libstudydesk_$m.so 2> /dev/null | grep -q . \
-    || fail "the $m module is not installed"
+  [ -n "$(find "$usr/lib" -path "*/studydesk/libstudydesk_$m.so" -size +0)" ] || fail "the $m module is not installed"
 done
 for f in share/applications/$id.desktop share/metainfo/$id.metainfo.xml \
          share/icons/hicolor/scalable/apps/$id.svg share/icons/hicolor/48x48/apps/$id.png \
