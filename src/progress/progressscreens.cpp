@@ -3,6 +3,7 @@
 #include "charts/chartfactory.h"
 #include "frame/core/state.h"
 #include "frame/menus.h"
+#include "frame/modules.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -105,16 +106,8 @@ void Progress::showEvent(QShowEvent *e)
 
 charts::ChartFactory *Progress::loadCharts()
 {
-    if (!m_chartsModule.isLoaded()) {
-        // Beside the program in a build folder; in lib/<arch>/studydesk once installed.
-        const QDir programDir(QCoreApplication::applicationDirPath());
-        for (const QString &dir : {programDir.path(), programDir.filePath(QStringLiteral(STUDYDESK_MODULE_DIR))}) {
-            m_chartsModule.setFileName(QDir(dir).filePath(QStringLiteral("studydesk_charts")));
-            if (m_chartsModule.load())
-                break;
-        }
-    }
-    const auto make = reinterpret_cast<charts::FactoryFunction>(m_chartsModule.resolve(charts::FactorySymbol));
+    const auto make =
+        reinterpret_cast<charts::FactoryFunction>(moduleFunction("studydesk_charts", charts::FactorySymbol, &m_chartsProblem));
     return make ? make() : nullptr;
 }
 
@@ -139,7 +132,7 @@ void Progress::fill()
         l->setFrameShape(QFrame::Box);
         place(l, QStringLiteral("lblNothing%1").arg(n), r);
     };
-    const QString missing = QStringLiteral("The charts cannot be shown: ") + m_chartsModule.errorString();
+    const QString missing = QStringLiteral("The charts cannot be shown: ") + m_chartsProblem;
 
     for (int paper = 1; paper <= 3; ++paper) {
         const QRect r(16 + (paper - 1) * 336, 76, 320, 250);

@@ -4,7 +4,6 @@
 #include "frame/core/history.h"
 
 #include <QLabel>
-#include <QLibrary>
 
 class QTableWidget;
 
@@ -35,7 +34,7 @@ private:
     void fill();
     void exportHistory();
 
-    QLibrary m_chartsModule;
+    QString m_chartsProblem; ///< why the charts module could not be loaded
     QLabel *m_problem = nullptr;
     QTableWidget *m_tests = nullptr, *m_compositions = nullptr;
     QLabel *m_agreement = nullptr;
