@@ -146,32 +146,50 @@ QString practiceMenuScreen(int kind)
                         : QStringLiteral("Pracchoice");
 }
 
-QRect exerciseCaptionRect(int n)
+void LevelMenuRows::add(AppScreen *screen, const ProgramState &s, int kind, const QString &levelCaption,
+                        const QString &exerciseCaption, const std::function<void(int)> &chooseLevel,
+                        const std::function<void(int)> &chooseExercise)
 {
-    return QRect(500 + ((n - 1) / 5) * 250, 180 + ((n - 1) % 5) * 60, 170, 44);
-}
-
-void BestScoreMarks::add(ui::Screen *screen, const QList<QRect> &captions)
-{
-    for (int n = 1; n <= captions.size(); ++n) {
-        const QRect c = captions.at(n - 1);
-        QLabel *l = screen->addLabel(QStringLiteral("lblBest%1").arg(n), QString(), QRect(c.right() + 4, c.y(), 70, c.height()),
-                                     13, false, Qt::AlignLeft | Qt::AlignVCenter);
-        m_labels.append(l);
+    screen->addHeadingPlate(1, s.ActivityHeadings[s.ActivityIndex].toUpper(), QRect(84, 20, 272, 42));
+    screen->addHeadingPlate(2, s.PaperHeadings[s.PaperIndex].toUpper(), QRect(376, 20, 272, 42));
+    screen->addHeadingPlate(3, s.KindNames[kind].toUpper(), QRect(668, 20, 272, 42));
+    title(screen, QStringLiteral("lblSelect1"), QStringLiteral("SELECT LEVEL AND EXERCISE"), QRect(112, 90, 800, 50), 22);
+    const auto onClick = [screen](ui::MenuLabel *label, const std::function<void(int)> &choose, int n) {
+        QObject::connect(label, &ui::MenuLabel::clicked, screen, [screen, choose, n] { screen->guarded([&] { choose(n); }); });
+    };
+    for (int level = 1; level <= 3; ++level) {
+        ui::MenuLabel *l = screen->addMenuLabel(QStringLiteral("lblLevel%1").arg(level), levelCaption.arg(level),
+                                                QRect(150, 190 + (level - 1) * 70, 260, 50), 20);
+        onClick(l, chooseLevel, level);
+        m_levels.append(l);
+    }
+    const auto caption = [](int n) { return QRect(500 + ((n - 1) / 5) * 250, 180 + ((n - 1) % 5) * 60, 170, 44); };
+    for (int n = 1; n <= 10; ++n)
+        onClick(screen->addMenuLabel(QStringLiteral("lblEx%1").arg(n), exerciseCaption.arg(n), caption(n), 16), chooseExercise, n);
+    for (int n = 1; n <= 10; ++n) {
+        const QRect c = caption(n);
+        m_marks.append(screen->addLabel(QStringLiteral("lblBest%1").arg(n), QString(), QRect(c.right() + 4, c.y(), 70, c.height()),
+                                        13, false, Qt::AlignLeft | Qt::AlignVCenter));
     }
 }
 
-QString BestScoreMarks::markText(double score, double max)
+void LevelMenuRows::showChosenLevel(const QString &levelCode)
+{
+    for (int i = 0; i < m_levels.size(); ++i)
+        m_levels[i]->setChosen(levelCode == QString::number(i + 1));
+}
+
+QString LevelMenuRows::markText(double score, double max)
 {
     const auto number = [](double v) { return QString::number(v, 'g', v == std::floor(v) ? 6 : 3); };
     return number(score) + u'/' + number(max);
 }
 
-void BestScoreMarks::show(ProgramState &state, int kind, int level)
+void LevelMenuRows::showBest(ProgramState &state, int kind, int level)
 {
     const QMap<int, BestScore> best = state.History->bestScores(kind, level);
-    for (int n = 1; n <= m_labels.size(); ++n) {
-        QLabel *l = m_labels.at(n - 1);
+    for (int n = 1; n <= m_marks.size(); ++n) {
+        QLabel *l = m_marks.at(n - 1);
         const auto it = best.constFind(n);
         if (it == best.constEnd()) {
             l->setText(QStringLiteral("new"));
@@ -207,25 +225,8 @@ QString Pracchoice::exerciseScreen(int kind)
 Pracchoice::Pracchoice(ProgramState &s, Navigator &nav) : AppScreen(QStringLiteral("Pracchoice"), s, nav)
 {
     setBackgroundPicture(QStringLiteral("background"));
-    addHeadingPlate(1, s.ActivityHeadings[s.ActivityIndex].toUpper(), QRect(84, 20, 272, 42));
-    addHeadingPlate(2, s.PaperHeadings[s.PaperIndex].toUpper(), QRect(376, 20, 272, 42));
-    addHeadingPlate(3, s.KindNames[s.ExerciseKind].toUpper(), QRect(668, 20, 272, 42));
-    title(this, QStringLiteral("lblSelect1"), QStringLiteral("SELECT LEVEL AND EXERCISE"), QRect(112, 90, 800, 50), 22);
-
-    for (int level = 1; level <= 3; ++level) {
-        ui::MenuLabel *l = addMenuLabel(QStringLiteral("lblLevel%1").arg(level), QStringLiteral(" LEVEL  %1").arg(level),
-                                        QRect(150, 190 + (level - 1) * 70, 260, 50), 20);
-        onClick(l, [this, level] { chooseLevel(level); });
-        m_levels.append(l);
-    }
-    QList<QRect> captions;
-    for (int n = 1; n <= 10; ++n) {
-        const QRect r = exerciseCaptionRect(n);
-        ui::MenuLabel *l = addMenuLabel(QStringLiteral("lblEx%1").arg(n), QStringLiteral(" Exercise %1").arg(n), r, 16);
-        onClick(l, [this, n] { chooseExercise(n); });
-        captions.append(r);
-    }
-    m_marks.add(this, captions);
+    m_rows.add(this, s, s.ExerciseKind, QStringLiteral(" LEVEL  %1"), QStringLiteral(" Exercise %1"),
+               [this](int level) { chooseLevel(level); }, [this](int n) { chooseExercise(n); });
     ui::ImageButton *back = addButton(QStringLiteral("Back"), QStringLiteral("back"), QRect(486, 650, 52, 52),
                                       QStringLiteral("lblBack"), QStringLiteral("Back"));
     onClick(back, [this] { closeScreen(); });
@@ -244,7 +245,7 @@ Pracchoice::Pracchoice(ProgramState &s, Navigator &nav) : AppScreen(QStringLiter
 void Pracchoice::showEvent(QShowEvent *e)
 {
     // Back from an exercise: its score may be the best now.
-    m_marks.show(state, state.ExerciseKind, state.LevelCode.toInt());
+    m_rows.showBest(state, state.ExerciseKind, state.LevelCode.toInt());
     AppScreen::showEvent(e);
 }
 
@@ -256,8 +257,7 @@ void Pracchoice::openExercise(int level, int exercise)
 
 void Pracchoice::showChosenLevel()
 {
-    for (int i = 0; i < m_levels.size(); ++i)
-        m_levels[i]->setChosen(state.LevelCode == QString::number(i + 1));
+    m_rows.showChosenLevel(state.LevelCode);
     // A screen reader names the exercise with the level it belongs to.
     for (int n = 1; n <= 10; ++n)
         if (auto *l = findChild<QLabel *>(QStringLiteral("lblEx%1").arg(n)))
@@ -270,7 +270,7 @@ void Pracchoice::chooseLevel(int level)
     state.ExerciseCode = QStringLiteral("0");
     m_code->setText(state.ExerciseCode);
     showChosenLevel();
-    m_marks.show(state, state.ExerciseKind, level);
+    m_rows.showBest(state, state.ExerciseKind, level);
 }
 
 void Pracchoice::chooseExercise(int n)

@@ -50,24 +50,28 @@ public:
     virtual void openExercise(int level, int exercise) = 0;
 };
 
-/// The marks beside "Exercise 1" to "Exercise 10" of a level menu: `lblBest1`..`lblBest10` with
-/// the best score so far ("7/10") or "new" for an exercise not yet done.
-class BestScoreMarks
+/// What every level-and-exercise menu shows: the heading plates of activity, paper and kind,
+/// "SELECT LEVEL AND EXERCISE", the level captions `lblLevel1`..`lblLevel3`, the exercise captions
+/// `lblEx1`..`lblEx10` in two columns of five, and beside each exercise its mark `lblBest1`..
+/// `lblBest10`: the best score so far ("7/10") or "new" for an exercise not yet done. The screen
+/// says what choosing a level or an exercise does.
+class LevelMenuRows
 {
 public:
-    /// Adds the labels to the right of the exercise captions at `captions`.
-    void add(ui::Screen *screen, const QList<QRect> &captions);
+    void add(AppScreen *screen, const ProgramState &state, int kind, const QString &levelCaption,
+             const QString &exerciseCaption, const std::function<void(int)> &chooseLevel,
+             const std::function<void(int)> &chooseExercise);
+    /// The level of LevelCode looks chosen, the others not.
+    void showChosenLevel(const QString &levelCode);
     /// Shows the level's best scores, asked of the history in one query.
-    void show(ProgramState &state, int kind, int level);
+    void showBest(ProgramState &state, int kind, int level);
     /// "7/10", "6.5/10"
     static QString markText(double score, double max);
 
 private:
-    QList<QLabel *> m_labels;
+    QList<ui::MenuLabel *> m_levels;
+    QList<QLabel *> m_marks;
 };
-
-/// Where the exercise captions of a level menu lie: two columns of five.
-QRect exerciseCaptionRect(int n);
 /// Sets the paper, data directory and data file of a practice kind, as choosing it on `Practype` does.
 void ChoosePracticeKind(ProgramState &state, int kind);
 /// The level-and-exercise menu of a practice kind.
@@ -91,9 +95,7 @@ private:
     void chooseExercise(int n);
     void showChosenLevel();
 
-    BestScoreMarks m_marks;
-
-    QList<ui::MenuLabel *> m_levels;
+    LevelMenuRows m_rows;
     QLabel *m_code = nullptr;
 };
 

@@ -38,25 +38,8 @@ ItemChoiceScreen::ItemChoiceScreen(const QString &code, ProgramState &s, Navigat
     : AppScreen(code, s, nav), m_kind(kind)
 {
     setBackgroundPicture(QStringLiteral("background"));
-    addHeadingPlate(1, s.ActivityHeadings[s.ActivityIndex].toUpper(), QRect(84, 20, 272, 42));
-    addHeadingPlate(2, s.PaperHeadings[s.PaperIndex].toUpper(), QRect(376, 20, 272, 42));
-    addHeadingPlate(3, s.KindNames[kind].toUpper(), QRect(668, 20, 272, 42));
-    addLabel(QStringLiteral("lblSelect1"), QStringLiteral("SELECT LEVEL AND EXERCISE"), QRect(112, 90, 800, 50), 22, true,
-             Qt::AlignCenter);
-    for (int level = 1; level <= 3; ++level) {
-        ui::MenuLabel *l = addMenuLabel(QStringLiteral("lblLevel%1").arg(level), QStringLiteral("LEVEL %1").arg(level),
-                                        QRect(150, 190 + (level - 1) * 70, 260, 50), 20);
-        onClick(l, [this, level] { chooseLevel(level); });
-        m_levels.append(l);
-    }
-    QList<QRect> captions;
-    for (int n = 1; n <= 10; ++n) {
-        const QRect r = exerciseCaptionRect(n);
-        ui::MenuLabel *l = addMenuLabel(QStringLiteral("lblEx%1").arg(n), QStringLiteral("Exercise %1").arg(n), r, 16);
-        onClick(l, [this, n] { chooseExercise(n); });
-        captions.append(r);
-    }
-    m_marks.add(this, captions);
+    m_rows.add(this, s, kind, QStringLiteral("LEVEL %1"), QStringLiteral("Exercise %1"),
+               [this](int level) { chooseLevel(level); }, [this](int n) { chooseExercise(n); });
     lblPrompt = addLabel(QStringLiteral("lblPrompt"), QString(), QRect(112, 520, 800, 40), 14, true, Qt::AlignCenter);
     ui::ImageButton *quit = addButton(QStringLiteral("Quit"), QStringLiteral("back"), QRect(486, 650, 52, 52),
                                       QStringLiteral("lblQuit"), QStringLiteral("Close"));
@@ -72,20 +55,19 @@ ItemChoiceScreen::ItemChoiceScreen(const QString &code, ProgramState &s, Navigat
 
 void ItemChoiceScreen::showChosenLevel()
 {
-    for (int i = 0; i < m_levels.size(); ++i)
-        m_levels[i]->setChosen(state.LevelCode == QString::number(i + 1));
+    m_rows.showChosenLevel(state.LevelCode);
 }
 
 void ItemChoiceScreen::chooseLevel(int level)
 {
     state.LevelCode = QString::number(level);
     showChosenLevel();
-    m_marks.show(state, m_kind, level);
+    m_rows.showBest(state, m_kind, level);
 }
 
 void ItemChoiceScreen::showEvent(QShowEvent *e)
 {
-    m_marks.show(state, m_kind, state.LevelCode.toInt());
+    m_rows.showBest(state, m_kind, state.LevelCode.toInt());
     AppScreen::showEvent(e);
 }
 

@@ -34,9 +34,8 @@ private:
 
     int m_kind;
     ItemRun m_run;
-    QList<ui::MenuLabel *> m_levels;
     QLabel *lblPrompt = nullptr;
-    BestScoreMarks m_marks;
+    LevelMenuRows m_rows;
 };
 
 class uewbchoice : public ItemChoiceScreen
